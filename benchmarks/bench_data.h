@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+namespace ostrand::bench {
+
+/// The path of a project of so many generated tags, made on first use and kept beside the build.
+QString projectOf(int tags);
+
+} // namespace ostrand::bench

@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+namespace ostrand::toolkit {
+class DataControl;
+} // namespace ostrand::toolkit
+
+namespace ostrand::app {
+
+/// What the other windows and units need of the main window; `frmIndex` is the one that exists.
+/// They see no more than this, so that no room but the program's own top includes the main window.
+class MainWindow
+{
+public:
+    virtual ~MainWindow() = default;
+
+    /// The tag of the current record; "" for none and for Null. It reads the record and not the
+    /// grid: a tag being typed is not seen.
+    virtual QString ActiveTag() const = 0;
+    /// The project attributes DefaultDatasheetFolder, DefaultTemplateFolder and "logo file"; ""
+    /// where the project has none.
+    virtual QString FolderDatasheets() const = 0;
+    virtual QString FolderTemplates() const = 0;
+    virtual QString DatasheetLogoFile() const = 0;
+
+    virtual toolkit::DataControl& dbIndex() = 0;
+
+    /// Enables or disables what needs an open project.
+    virtual void AbleForm(bool blnEnable) = 0;
+    /// Enables or disables `cmdImport` and `cmdExport`.
+    virtual void ableButton(bool blnEnable) = 0;
+
+    /// Opens a project; "" has the user pick one.
+    virtual void OpenIndex(const QString& path) = 0;
+    /// Asks for a new file and makes it from the template.
+    virtual void CreateIndex() = 0;
+
+    /// The text of panel 1 or 2 of the status bar.
+    virtual void setPanelText(int panel, const QString& text) = 0;
+
+    virtual QWidget* window() = 0;
+};
+
+} // namespace ostrand::app

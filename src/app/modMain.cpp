@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+#include "app/modMain.h"
+
+#include "app/CRegHndlr.h"
+#include "app/frmAbout.h"
+#include "app/frmOpen.h"
+#include "app/state.h"
+#include "index/frmIndex.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QTimer>
+
+using namespace Qt::StringLiterals;
+
+namespace ostrand::app {
+namespace {
+
+/// The main window outlives the event that closes it; then the program ends, whatever windows are
+/// still open.
+void endOutright()
+{
+    QTimer::singleShot(0, QCoreApplication::instance(), [] {
+        End();
+        QCoreApplication::quit();
+    });
+}
+
+} // namespace
+
+void Main(const QString& commandLine)
+{
+    g_strNewDatasheetFolder.clear();
+    g_blnFolderChanged = false;
+    g_objRegHndlr = std::make_unique<CRegHndlr>();
+    auto window = std::make_unique<index::frmIndex>();
+    index::frmIndex& frmIndex = *window;
+    QObject::connect(&frmIndex, &index::frmIndex::unloaded, &endOutright);
+    g_frmIndex = std::move(window);
+    g_strIndexFile.clear();
+
+    frmAbout about;
+    about.showAsStartScreen();
+    about.repaint();
+    g_blnPidLinked = false;
+    frmIndex.show();
+    about.close();
+
+    if (!commandLine.isEmpty() && commandLine != u"/cmd"_s) {
+        g_frmIndex->OpenIndex(QString(commandLine).remove(u'"'));
+        return;
+    }
+    // The main window takes the start window along when it closes first.
+    const QPointer<frmOpen> open = new frmOpen(g_frmIndex->window());
+    open->exec();
+    delete open;
+}
+
+void End()
+{
+    g_frmIndex.reset();
+    g_objRegHndlr.reset();
+}
+
+} // namespace ostrand::app

@@ -1,0 +1,248 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+//
+// The main window: its controls, their states and its events.
+#include "index/frmIndex.h"
+
+#include "app/frmAbout.h"
+#include "app/help.h"
+#include "app/program.h"
+#include "app/state.h"
+#include "index/document_columns.h"
+#include "index/index_buttons.h"
+#include "index/index_columns.h"
+#include "index/index_menus.h"
+#include "index/tag_editing.h"
+#include "toolkit/data_grid.h"
+#include "toolkit/prompts.h"
+
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QStatusBar>
+
+using namespace Qt::StringLiterals;
+using ostrand::store::Error;
+
+namespace ostrand::index {
+
+frmIndex::frmIndex()
+    : m_dbIndex(new toolkit::DataControl(this)),
+      m_GridIndex(nullptr),
+      m_documents(nullptr),
+      m_tags(nullptr),
+      m_menus(nullptr),
+      m_buttons(nullptr)
+{
+    setObjectName(u"frmIndex"_s);
+    setWindowTitle(app::productTitle());
+    buildControls();
+    connectGrid();
+    connectCommands();
+    load();
+    restoreKeptGeometry();
+}
+
+frmIndex::~frmIndex() = default;
+
+void frmIndex::buildControls()
+{
+    m_dbIndex->setObjectName(u"dbIndex"_s);
+    m_dbIndex->setRecordSource(u"qryIndex"_s);
+
+    auto* client = new QWidget(this);
+    setCentralWidget(client);
+    m_GridIndex = new toolkit::DataGrid(client);
+    m_GridIndex->setObjectName(u"GridIndex"_s);
+    m_GridIndex->setAccessibleName(tr("Instrument index"));
+    for (const toolkit::GridColumn& column : indexColumns())
+        m_GridIndex->addColumn(column);
+    m_GridIndex->setAllowAddNew(true);
+    m_GridIndex->setAllowDelete(true);
+    m_GridIndex->setDataControl(m_dbIndex);
+    m_GridIndex->keepLayoutAs(u"GridIndex"_s);
+    m_buttons = new IndexButtons(client);
+    m_menus = new IndexMenus(this);
+
+    auto* bar = statusBar();
+    bar->setObjectName(u"stsStatusBar"_s);
+    for (QLabel*& panel : m_panels) {
+        panel = new QLabel(bar);
+        panel->setTextFormat(Qt::PlainText);
+        panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
+        bar->addWidget(panel);
+    }
+    m_panels[0]->setObjectName(u"Panel1"_s);
+    m_panels[1]->setObjectName(u"Panel2"_s);
+
+    m_documents = new DocumentColumns(*m_GridIndex, *m_dbIndex, this);
+    m_tags = new TagEditing(*m_GridIndex,
+                            *m_dbIndex,
+                            {.UpdateDocCrossRefs = [this] { m_documents->UpdateDocCrossRefs(); },
+                             .FolderDatasheets = [this] { return FolderDatasheets(); }},
+                            this);
+}
+
+void frmIndex::load()
+{
+    m_documents->attachDropDowns();
+    AbleForm(false);
+    ableButton(app::g_blnPidLinked);
+    m_strDatasheetFileName.clear();
+    m_strDatasheetFolder.clear();
+}
+
+void frmIndex::connectGrid()
+{
+    using toolkit::DataControl;
+    using toolkit::DataGrid;
+
+    connect(m_dbIndex, &DataControl::reposition, this, &frmIndex::showRecordCounter);
+    connect(m_dbIndex, &DataControl::validate, this, &frmIndex::validateRecord);
+    connect(m_GridIndex, &DataGrid::headerClicked, this, &frmIndex::Sort);
+    connect(m_GridIndex, &DataGrid::rowLoaded, m_documents, &DocumentColumns::loadRow);
+    connect(m_GridIndex, &DataGrid::keyTyped, m_documents, &DocumentColumns::keyPress);
+    connect(m_GridIndex, &DataGrid::beforeUpdate, m_tags, &TagEditing::beforeUpdate);
+    connect(m_GridIndex, &DataGrid::afterUpdate, m_tags, &TagEditing::afterUpdate);
+    connect(m_GridIndex, &DataGrid::beforeDelete, m_tags, &TagEditing::DeleteDatasheetFile);
+    connect(m_GridIndex, &DataGrid::cellButtonClicked, this, &frmIndex::cellButtonClicked);
+    connect(m_GridIndex,
+            &DataGrid::mouseReleased,
+            this,
+            [this](Qt::MouseButton button, Qt::KeyboardModifiers, QPoint position) {
+                if (button == Qt::RightButton)
+                    showPopup(position);
+            });
+}
+
+void frmIndex::connectCommands()
+{
+    const auto onAction = [this](const QString& name, auto handler) {
+        connect(m_menus->action(name), &QAction::triggered, this, handler);
+    };
+    onAction(u"mnuFileNew"_s, [this] { CreateIndex(); });
+    onAction(u"mnuFileOpen"_s, [this] { OpenIndex(QString()); });
+    onAction(u"mnuFileExit"_s, [this] { close(); });
+    onAction(u"mnuEditProjectInfo"_s, [this] { ShowProjectInfo(); });
+    onAction(u"mnuOnlineHelp"_s,
+             [this] { app::ShowHelpTopic(this, app::helpTopicManual(), true); });
+    onAction(u"mnuCheckForUpdates"_s, [] { app::LaunchAutoUpdate(); });
+    onAction(u"muHelpAbout"_s, [this] { showAbout(); });
+    onAction(u"mnuPopUpCopy1"_s, [this] { m_GridIndex->copyCurrentCell(); });
+    onAction(u"mnuPopUpDelete2"_s, [this] { m_tags->cmdDelete(); });
+
+    const auto onButton = [this](const QString& name, auto handler) {
+        connect(m_buttons->button(name), &QPushButton::clicked, this, handler);
+    };
+    onButton(u"cmdHelp"_s, [this] { app::ShowHelpTopic(this, app::helpTopicManual(), true); });
+    onButton(u"cmdSave"_s, [this] { m_tags->cmdSave(); });
+    onButton(u"cmdDelete"_s, [this] { m_tags->cmdDelete(); });
+    onButton(u"cmdRefresh"_s, [this] { LoadIndex(); });
+    onButton(u"cmdExit"_s, [this] { close(); });
+}
+
+/// There is one about window: where it is open already, it comes to the front.
+void frmIndex::showAbout()
+{
+    if (!m_about) {
+        m_about = new app::frmAbout(this);
+        m_about->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_about->show();
+    m_about->raise();
+    m_about->activateWindow();
+}
+
+void frmIndex::AbleForm(bool blnEnable)
+{
+    static const QStringList names{u"cmdDatasheet"_s,
+                                   u"cmdDelete"_s,
+                                   u"cmdSave"_s,
+                                   u"cmdRefresh"_s,
+                                   u"GridIndex"_s,
+                                   u"cmdTag"_s,
+                                   u"mnuEdit"_s,
+                                   u"mnuReport"_s,
+                                   u"mnuDoc"_s};
+    try {
+        for (const QString& name : names) {
+            auto* control = findChild<QWidget*>(name);
+            if (!control)
+                throw Error(store::errors::objectNotSet, u"Object variable not set"_s);
+            control->setEnabled(blnEnable);
+            if (auto* menu = qobject_cast<QMenu*>(control))
+                menu->menuAction()->setEnabled(blnEnable);
+        }
+    } catch (const Error& error) {
+        toolkit::showFailure(toolkit::formA(tr("Error while abling window."), error));
+    }
+}
+
+void frmIndex::ableButton(bool blnEnable)
+{
+    m_buttons->button(u"cmdImport"_s)->setEnabled(blnEnable);
+    m_buttons->button(u"cmdExport"_s)->setEnabled(blnEnable);
+}
+
+void frmIndex::cellButtonClicked(int columnNumber)
+{
+    try {
+        if (columnNumber == column::datasheetFileName && m_commands.LocateDatasheetFile)
+            m_commands.LocateDatasheetFile();
+        else if (columnNumber == column::remarks && m_commands.ShowNotes)
+            m_commands.ShowNotes();
+    } catch (const Error& error) {
+        if (error.number() != toolkit::cancelledDialog)
+            toolkit::showFailure(toolkit::formB(tr("Error while showing notes. "), error));
+    }
+}
+
+void frmIndex::showRecordCounter()
+{
+    const store::Recordset& tags = m_dbIndex->Recordset();
+    setPanelText(1,
+                 tr("Record: ") + QString::number(tags.AbsolutePosition() + 1) + tr(" of ")
+                     + QString::number(tags.RecordCount()));
+}
+
+void frmIndex::validateRecord(toolkit::DataControl::Action action,
+                              bool& save,
+                              const std::optional<Error>& pending)
+{
+    using Action = toolkit::DataControl::Action;
+    if (action == Action::Add && m_GridIndex->Columns(column::tag).Value().isNullOrEmpty()) {
+        save = false;
+        return;
+    }
+    if (!pending)
+        return;
+    const QString phrase = action == Action::Add      ? tr(" adding a record. ")
+                           : action == Action::Delete ? tr(" deleting a record. ")
+                                                      : tr(" modifying record. ");
+    toolkit::showFailure(QString::number(pending->number()) + tr(" : Error while ") + phrase
+                         + pending->description());
+}
+
+void frmIndex::showPopup(QPoint position)
+{
+    const bool rowsSelected = !m_GridIndex->SelBookmarks().empty();
+    if (QMenu* popup = m_menus->popupFor(rowsSelected, false))
+        popup->popup(m_GridIndex->viewport()->mapToGlobal(position));
+}
+
+void frmIndex::setPanelText(int panel, const QString& text)
+{
+    m_panels[panel - 1]->setText(text);
+}
+
+void frmIndex::closeEvent(QCloseEvent* event)
+{
+    // The grid's own validation has the last word on a row that is still being edited.
+    m_GridIndex->writeRow();
+    keepGeometry();
+    event->accept();
+    Q_EMIT unloaded();
+}
+
+} // namespace ostrand::index

@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/main_window.h"
+#include "toolkit/data_control.h"
+
+#include <QMainWindow>
+#include <QPointer>
+
+#include <functional>
+#include <optional>
+
+class QLabel;
+class QResizeEvent;
+
+namespace ostrand::app {
+class frmAbout;
+} // namespace ostrand::app
+
+namespace ostrand::toolkit {
+class DataGrid;
+} // namespace ostrand::toolkit
+
+namespace ostrand::index {
+
+class DocumentColumns;
+class IndexButtons;
+class IndexMenus;
+class TagEditing;
+
+/// The main window: the grid of all tags of the open project over the buttons and the status bar.
+/// It holds the controls and their states, and hands each command to the unit that owns it.
+class frmIndex final : public QMainWindow, public app::MainWindow
+{
+    Q_OBJECT
+
+public:
+    /// Commands of other windows that the main window opens. One that is empty has no effect.
+    struct Commands
+    {
+        std::function<void()> ShowProjectInfo = {};
+        std::function<void()> LocateDatasheetFile = {};
+        std::function<void()> ShowNotes = {};
+    };
+
+    frmIndex();
+    ~frmIndex() override;
+
+    QString ActiveTag() const override;
+    QString FolderDatasheets() const override;
+    QString FolderTemplates() const override;
+    QString DatasheetLogoFile() const override;
+    toolkit::DataControl& dbIndex() override { return *m_dbIndex; }
+    void AbleForm(bool blnEnable) override;
+    void ableButton(bool blnEnable) override;
+    void OpenIndex(const QString& path) override;
+    void CreateIndex() override;
+    void setPanelText(int panel, const QString& text) override;
+    QWidget* window() override { return this; }
+
+    /// Orders the grid by a column.
+    void Sort(int intColumn);
+    void setDatasheetFolder(const QString& folder) { m_strDatasheetFolder = folder; }
+    void setDatasheetFileName(const QString& name) { m_strDatasheetFileName = name; }
+    void setCommands(Commands commands) { m_commands = std::move(commands); }
+
+Q_SIGNALS:
+    /// The window has closed; the program ends with it.
+    void unloaded();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void buildControls();
+    void connectGrid();
+    void connectCommands();
+    void load();
+
+    // Opening and making projects
+    QString pickProject();
+    QString pickNewProject();
+    bool isReservedName(const QString& path) const;
+    void showProjectFile();
+    void LoadIndex();
+    void bindProject();
+    void loadFailed(const store::Error& error);
+    bool copyTemplate();
+    void storeNewProjectFolders();
+    void ShowProjectInfo();
+
+    // Events
+    void cellButtonClicked(int columnNumber);
+    void showRecordCounter();
+    void validateRecord(toolkit::DataControl::Action action,
+                        bool& save,
+                        const std::optional<store::Error>& pending);
+    void showPopup(QPoint position);
+    void showAbout();
+    QString projectAttribute(const QString& name, const QString& failure) const;
+    void layoutControls();
+    void keepGeometry() const;
+    void restoreKeptGeometry();
+
+    toolkit::DataControl* m_dbIndex;
+    toolkit::DataGrid* m_GridIndex;
+    DocumentColumns* m_documents;
+    TagEditing* m_tags;
+    IndexMenus* m_menus;
+    IndexButtons* m_buttons;
+    QLabel* m_panels[2]{};
+    QPointer<app::frmAbout> m_about;
+    Commands m_commands;
+
+    QString m_strDatasheetFolder;
+    QString m_strDatasheetFileName;
+    QString m_projectFolder; ///< of the project file as last split, for a new project
+    bool m_blnReadOnly = false;
+};
+
+} // namespace ostrand::index

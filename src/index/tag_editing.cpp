@@ -1,0 +1,197 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+#include "index/tag_editing.h"
+
+#include "index/index_columns.h"
+#include "store/database.h"
+#include "toolkit/data_control.h"
+#include "toolkit/data_grid.h"
+#include "toolkit/file_system.h"
+#include "toolkit/paths.h"
+#include "toolkit/prompts.h"
+
+using namespace Qt::StringLiterals;
+using ostrand::store::EditMode;
+using ostrand::store::Error;
+
+namespace ostrand::index {
+namespace {
+
+const QString fieldTag = u"Tag"_s;
+const QString fieldPath = u"DatasheetPath"_s;
+const QString fieldFileName = u"DatasheetFileName"_s;
+
+/// A tag as a file name: separators of paths become hyphens.
+QString datasheetNameOf(const QString& tag)
+{
+    return QString(tag + u".xls"_s).replace(u'/', u'-').replace(u'\\', u'-');
+}
+
+} // namespace
+
+TagEditing::TagEditing(toolkit::DataGrid& grid,
+                       toolkit::DataControl& dbIndex,
+                       Links links,
+                       QObject* parent)
+    : QObject(parent),
+      m_grid(grid),
+      m_dbIndex(dbIndex),
+      m_links(std::move(links))
+{
+}
+
+QString TagEditing::tagCell()
+{
+    return m_grid.Columns(column::tag).Value().text();
+}
+
+/// A record that is gone from the file is not one without a tag.
+bool TagEditing::tagCellIsEmpty()
+{
+    try {
+        return tagCell().isEmpty();
+    } catch (const Error&) {
+        return false;
+    }
+}
+
+void TagEditing::cmdSave()
+{
+    if (tagCellIsEmpty()) {
+        toolkit::showFailure(tr("Please enter the Tag Value"));
+        return;
+    }
+    SaveTag();
+}
+
+void TagEditing::cmdDelete()
+{
+    if (!tagCellIsEmpty())
+        DeleteTag();
+}
+
+void TagEditing::SaveTag()
+{
+    try {
+        if (m_dbIndex.EditMode() != EditMode::None)
+            m_dbIndex.UpdateRecord();
+    } catch (const Error& error) {
+        toolkit::showFailure(toolkit::formA(tr("Error while saving data ."), error));
+    }
+}
+
+void TagEditing::DeleteTag()
+{
+    try {
+        store::Recordset& tags = m_dbIndex.Recordset();
+        if (tags.Eof() || tags.Bof())
+            return;
+        if (!toolkit::askYesNo(tr("Are you sure you want to delete tag ")
+                               + tags.Field(fieldTag).text() + u"?"_s))
+            return;
+        DeleteDatasheetFile();
+        tags.Delete();
+        if (!tags.Eof() && !tags.Bof())
+            tags.MovePrevious();
+    } catch (const Error& error) {
+        if (error.number() == store::errors::noCurrentRecord)
+            toolkit::showFailure(tr("Databse is empty, no record present"));
+        else
+            toolkit::showFailure(toolkit::formA(tr("Error while deleting data ."), error));
+    }
+}
+
+void TagEditing::DeleteDatasheetFile()
+{
+    QString path;
+    try {
+        const store::Recordset& tags = m_dbIndex.Recordset();
+        const store::Value folder = tags.Field(fieldPath);
+        const store::Value file = tags.Field(fieldFileName);
+        if (folder.isNullOrEmpty() || file.isNullOrEmpty())
+            return;
+        path = toolkit::joinPath(folder.text(), file.text());
+        toolkit::deleteFile(path);
+    } catch (const Error& error) {
+        toolkit::showFailure(
+            toolkit::formA(tr("Error while deleting file ") + path + u"."_s, error));
+    }
+}
+
+void TagEditing::beforeUpdate()
+{
+    try {
+        const store::Recordset& tags = m_dbIndex.Recordset();
+        const bool isNew = tags.editMode() == EditMode::Add;
+        const bool isRenamed = !isNew && tags.Field(fieldTag).text() != tagCell();
+        if ((isNew || isRenamed) && CheckDuplicateTag())
+            return;
+        updateTiedData();
+    } catch (const Error& error) {
+        toolkit::showFailure(toolkit::formA(tr("Error while working in spreadsheet. "), error));
+    }
+}
+
+void TagEditing::updateTiedData()
+{
+    m_links.UpdateDocCrossRefs();
+    UpdateDatasheetFile();
+}
+
+bool TagEditing::CheckDuplicateTag()
+{
+    try {
+        const auto same = m_dbIndex.Database().OpenRecordset(
+            u"select * from qryIndex where Tag = '"_s + tagCell() + u"'"_s);
+        return same->RecordCount() > 0;
+    } catch (const Error& error) {
+        toolkit::showFailure(
+            toolkit::formA(tr("Error while checking for duplicate tags. "), error));
+        return true;
+    }
+}
+
+void TagEditing::UpdateDatasheetFile()
+{
+    try {
+        store::Recordset& tags = m_dbIndex.Recordset();
+        const store::Value folder = tags.Field(fieldPath);
+        const store::Value file = tags.Field(fieldFileName);
+        if (folder.isNull() || file.isNull() || tags.Field(fieldTag).text() == tagCell())
+            return;
+        const QString oldPath = toolkit::joinPath(folder.text(), file.text());
+        if (toolkit::fileExists(oldPath)) {
+            moveDatasheetFile(oldPath);
+        } else {
+            tags.SetField(fieldPath, {});
+            tags.SetField(fieldFileName, {});
+        }
+    } catch (const Error& error) {
+        toolkit::showFailure(toolkit::formB(tr("Error while updating datasheet file. "), error));
+    }
+}
+
+/// The record keeps its old folder, although the file now lies in the default one.
+void TagEditing::moveDatasheetFile(const QString& oldPath)
+{
+    const QString newName = datasheetNameOf(tagCell());
+    toolkit::moveFile(oldPath, toolkit::joinPath(m_links.FolderDatasheets(), newName));
+    m_dbIndex.Recordset().SetField(fieldFileName, newName);
+}
+
+void TagEditing::afterUpdate(bool& failed)
+{
+    if (failed) {
+        toolkit::showFailure(tagCellIsEmpty()
+                                 ? tr("Key field cannot be null")
+                                 : tr("Record cannot be saved due to duplication of the key"));
+        m_grid.Columns(column::tag).setValue(QString());
+        failed = false;
+        return;
+    }
+    store::Recordset& tags = m_dbIndex.Recordset();
+    if (tags.RecordCount() > 0 && m_dbIndex.EditMode() == EditMode::None)
+        tags.SetBookmark(tags.LastModified());
+}
+
+} // namespace ostrand::index

@@ -1,0 +1,254 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+//
+// The rows of one table or stored query, kept by key.
+#include "store/row_source.h"
+
+#include <unordered_map>
+
+using namespace Qt::StringLiterals;
+
+namespace ostrand::store {
+namespace {
+
+constexpr int firstRowCount = 100;
+constexpr int readAhead = 32;
+constexpr std::size_t cachedRows = 600;
+
+class KeyedSource final : public RowSource
+{
+public:
+    KeyedSource(std::shared_ptr<Connection> connection,
+                std::shared_ptr<KeyedPlan> plan,
+                QStringList literals)
+        : m_connection(std::move(connection)),
+          m_plan(std::move(plan)),
+          m_literals(std::move(literals))
+    {
+    }
+
+    int fieldCount() const override { return static_cast<int>(m_plan->fields.size()); }
+    QString fieldName(int index) const override { return field(index).name; }
+    bool updatable() const override { return m_plan->updatable; }
+    bool fieldUpdatable(int index) const override { return !field(index).sourceColumn.isEmpty(); }
+
+    bool readFirstKeys(std::vector<qint64>& keys) override;
+    std::vector<qint64> readAllKeys() override;
+    const Row* row(const std::vector<qint64>& keys, int position) override;
+    std::vector<qint64> find(const QString& criterion) override;
+    bool exists(qint64 key) override;
+    qint64 insert(const Changes& changes) override;
+    void update(qint64 key, const Changes& changes) override;
+    void remove(qint64 key) override;
+
+private:
+    const FieldInfo& field(int index) const
+    {
+        return m_plan->fields[static_cast<std::size_t>(index)];
+    }
+    void dropStaleRows();
+    bool isGone(qint64 key) const { return m_cache.find(key) == m_cache.end(); }
+    void readRow(qint64 key);
+    Row rowOf(const PreparedStatement& statement) const;
+    PreparedStatement ownStatement(const QByteArray& sql, sql::Verb verb)
+    {
+        return {*m_connection, sql, verb};
+    }
+
+    std::shared_ptr<Connection> m_connection;
+    std::shared_ptr<KeyedPlan> m_plan;
+    QStringList m_literals;
+    std::unordered_map<qint64, Row> m_cache;
+    qint64 m_cacheStamp = -1;
+    int m_nextMiss = -1;
+};
+
+Row KeyedSource::rowOf(const PreparedStatement& statement) const
+{
+    Row row;
+    row.reserve(m_plan->columns.size());
+    for (const int column : m_plan->columns)
+        row.push_back(statement.column(column));
+    return row;
+}
+
+bool KeyedSource::readFirstKeys(std::vector<qint64>& keys)
+{
+    if (m_plan->sorted) {
+        keys = readAllKeys();
+        return true;
+    }
+    dropStaleRows();
+    PreparedStatement& statement = *m_plan->firstRows;
+    const PreparedStatement::Reset reset(statement);
+    statement.bindAll(m_literals);
+    statement.bind(static_cast<int>(m_plan->parameters) + 1, firstRowCount);
+    while (statement.step()) {
+        const qint64 key = statement.integerColumn(m_plan->keyPosition);
+        keys.push_back(key);
+        m_cache.insert_or_assign(key, rowOf(statement));
+    }
+    return keys.size() < std::size_t{firstRowCount};
+}
+
+std::vector<qint64> KeyedSource::readAllKeys()
+{
+    std::vector<qint64> keys;
+    PreparedStatement& statement = *m_plan->allKeys;
+    const PreparedStatement::Reset reset(statement);
+    statement.bindAll(m_literals);
+    while (statement.step())
+        keys.push_back(statement.integerColumn(0));
+    return keys;
+}
+
+void KeyedSource::dropStaleRows()
+{
+    const qint64 stamp = m_connection->changeStamp();
+    if (stamp == m_cacheStamp && m_cache.size() < cachedRows)
+        return;
+    m_cache.clear();
+    m_cacheStamp = stamp;
+    m_nextMiss = -1;
+}
+
+void KeyedSource::readRow(qint64 key)
+{
+    PreparedStatement& statement = *m_plan->oneRow;
+    const PreparedStatement::Reset reset(statement);
+    statement.bindAll(m_literals);
+    statement.bind(static_cast<int>(m_plan->parameters) + 1, key);
+    if (statement.step())
+        m_cache.insert_or_assign(key, rowOf(statement));
+}
+
+const Row* KeyedSource::row(const std::vector<qint64>& keys, int position)
+{
+    const qint64 key = keys[static_cast<std::size_t>(position)];
+    if (m_cacheStamp != m_connection->changeStamp())
+        dropStaleRows();
+    if (const auto found = m_cache.find(key); found != m_cache.end())
+        return &found->second;
+    dropStaleRows();
+    // A miss right behind the last one means that rows are walked in order.
+    const int count = position == m_nextMiss ? readAhead : 1;
+    const int end = std::min(position + count, static_cast<int>(keys.size()));
+    if (count > 1)
+        m_connection->beginRead();
+    try {
+        for (int i = position; i < end; ++i)
+            readRow(keys[static_cast<std::size_t>(i)]);
+    } catch (...) {
+        if (count > 1)
+            m_connection->endRead();
+        throw;
+    }
+    if (count > 1)
+        m_connection->endRead();
+    m_nextMiss = end;
+    const auto found = m_cache.find(key);
+    return found == m_cache.end() ? nullptr : &found->second;
+}
+
+std::vector<qint64> KeyedSource::find(const QString& criterion)
+{
+    const sql::TokenList tokens = sql::tokenise(criterion);
+    const QByteArray condition = sql::translateCriterion(
+        tokens, static_cast<int>(m_plan->parameters) + 1, m_connection->nameResolver());
+    QByteArray sql = "SELECT " + m_plan->key + " FROM " + m_plan->from + " WHERE ";
+    if (!m_plan->where.isEmpty())
+        sql += "(" + m_plan->where + ") AND ";
+    PreparedStatement statement = ownStatement(sql + "(" + condition + ")", sql::Verb::Select);
+    statement.bindAll(m_literals + tokens.literals);
+    std::vector<qint64> keys;
+    while (statement.step())
+        keys.push_back(statement.integerColumn(0));
+    return keys;
+}
+
+bool KeyedSource::exists(qint64 key)
+{
+    PreparedStatement statement = ownStatement("SELECT 1 FROM " + m_plan->quotedSource + " WHERE "
+                                                   + m_plan->keyColumn + " = ?1",
+                                               sql::Verb::Select);
+    statement.bind(1, key);
+    return statement.step();
+}
+
+qint64 KeyedSource::insert(const Changes& changes)
+{
+    QByteArray names;
+    QByteArray places;
+    int parameter = 0;
+    for (const auto& [index, value] : changes) {
+        names += (parameter == 0 ? "" : ", ") + field(index).sourceColumn;
+        places += (parameter == 0 ? "?" : ", ?") + QByteArray::number(parameter + 1);
+        ++parameter;
+    }
+    // A row of nothing but defaults: one field is named, so that the engine's rules speak.
+    if (changes.empty()) {
+        names = field(0).sourceColumn;
+        places = "NULL";
+    }
+    PreparedStatement statement = ownStatement("INSERT INTO " + m_plan->quotedSource + " (" + names
+                                                   + ") VALUES (" + places + ")",
+                                               sql::Verb::Insert);
+    parameter = 0;
+    for (const auto& [index, value] : changes)
+        statement.bind(++parameter, value);
+    m_connection->requireInPlace();
+    m_connection->forgetInserted();
+    statement.step();
+    const auto key = m_connection->lastInserted(m_plan->baseTable);
+    if (!key)
+        throw Error(errors::queryNotUpdatable, u"The query took no new record."_s);
+    return *key;
+}
+
+void KeyedSource::update(qint64 key, const Changes& changes)
+{
+    m_connection->requireInPlace();
+    if (!exists(key))
+        throw Error(errors::recordDeleted, u"The record was deleted."_s);
+    if (changes.empty())
+        return;
+    QByteArray sets;
+    int parameter = 0;
+    for (const auto& [index, value] : changes) {
+        sets += (parameter == 0 ? "" : ", ") + field(index).sourceColumn + " = ?"
+                + QByteArray::number(parameter + 1);
+        ++parameter;
+    }
+    PreparedStatement statement =
+        ownStatement("UPDATE " + m_plan->quotedSource + " SET " + sets + " WHERE "
+                         + m_plan->keyColumn + " = ?" + QByteArray::number(parameter + 1),
+                     sql::Verb::Update);
+    parameter = 0;
+    for (const auto& [index, value] : changes)
+        statement.bind(++parameter, value);
+    statement.bind(++parameter, key);
+    statement.step();
+}
+
+void KeyedSource::remove(qint64 key)
+{
+    m_connection->requireInPlace();
+    if (!exists(key))
+        throw Error(errors::recordDeleted, u"The record was deleted."_s);
+    PreparedStatement statement = ownStatement("DELETE FROM " + m_plan->quotedSource + " WHERE "
+                                                   + m_plan->keyColumn + " = ?1",
+                                               sql::Verb::Delete);
+    statement.bind(1, key);
+    statement.step();
+}
+
+} // namespace
+
+std::unique_ptr<RowSource> makeKeyedSource(std::shared_ptr<Connection> connection,
+                                           std::shared_ptr<KeyedPlan> plan,
+                                           const QStringList& literals)
+{
+    return std::make_unique<KeyedSource>(std::move(connection), std::move(plan), literals);
+}
+
+} // namespace ostrand::store

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+#include "toolkit/paths.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+namespace ostrand::toolkit {
+
+QString joinPath(const QString& folder, const QString& name)
+{
+    return folder + QDir::separator() + name;
+}
+
+QString filePath(const QString& stored)
+{
+    return QString(stored).replace(u'\\', u'/');
+}
+
+QString fileTitle(const QString& path)
+{
+    return filePath(path).section(u'/', -1);
+}
+
+} // namespace ostrand::toolkit
