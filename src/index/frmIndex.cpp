@@ -67,6 +67,7 @@ void frmIndex::buildControls()
 
     auto* bar = statusBar();
     bar->setObjectName(u"stsStatusBar"_s);
+    bar->setAccessibleName(tr("Status bar"));
     for (QLabel*& panel : m_panels) {
         panel = new QLabel(bar);
         panel->setTextFormat(Qt::PlainText);

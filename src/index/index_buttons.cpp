@@ -58,6 +58,7 @@ IndexButtons::IndexButtons(QWidget* parent)
     : QFrame(parent)
 {
     setObjectName(u"FrmBelow"_s);
+    setAccessibleName(QCoreApplication::translate("IndexButtons", "Commands"));
     setFrameShape(QFrame::StyledPanel);
     for (const Button& design : buttons) {
         auto* made =

@@ -166,6 +166,20 @@ void Connection::beginRead()
     m_inRead = sqlite3_get_autocommit(m_handle.get()) != 0;
     if (m_inRead)
         run("BEGIN");
+    noticeForeignChanges();
+}
+
+void Connection::noticeForeignChanges()
+{
+    if (!m_dataVersionQuery)
+        m_dataVersionQuery = std::make_unique<PreparedStatement>(*this, "PRAGMA data_version");
+    const PreparedStatement::Reset reset(*m_dataVersionQuery);
+    m_dataVersionQuery->step();
+    const qint64 version = m_dataVersionQuery->integerColumn(0);
+    if (version == m_dataVersion)
+        return;
+    m_dataVersion = version;
+    ++m_foreignChanges;
 }
 
 void Connection::endRead() noexcept

@@ -132,8 +132,14 @@ public:
     /// into a file that nobody finds again. To be called ahead of each change.
     void requireInPlace() const;
 
-    /// Moves with every row changed through this connection.
-    qint64 changeStamp() const { return sqlite3_total_changes64(m_handle.get()); }
+    /// Moves with every row changed through this connection, and with changes of other programs
+    /// once they were noticed.
+    qint64 changeStamp() const
+    {
+        return sqlite3_total_changes64(m_handle.get()) + m_foreignChanges;
+    }
+    /// Looks whether another program changed the file since the last look.
+    void noticeForeignChanges();
     /// The row last inserted into a table, triggers of stored queries included.
     std::optional<qint64> lastInserted(const QByteArray& table) const;
     void forgetInserted() { m_insertedTable.clear(); }
@@ -161,10 +167,13 @@ private:
     bool m_readOnly = false;
     int m_ownStatements = 0;
     int m_readDepth = 0;
+    qint64 m_dataVersion = 0;
+    qint64 m_foreignChanges = 0;
     bool m_inRead = false;
     QByteArray m_insertedTable;
     qint64 m_insertedRow = 0;
     // Statements must be finalized before the connection closes.
+    std::unique_ptr<PreparedStatement> m_dataVersionQuery;
     QHash<QString, std::shared_ptr<Plan>> m_plans;
 };
 

@@ -168,6 +168,7 @@ std::vector<qint64> KeyedSource::find(const QString& criterion)
 
 bool KeyedSource::exists(qint64 key)
 {
+    m_connection->noticeForeignChanges();
     PreparedStatement statement = ownStatement("SELECT 1 FROM " + m_plan->quotedSource + " WHERE "
                                                    + m_plan->keyColumn + " = ?1",
                                                sql::Verb::Select);

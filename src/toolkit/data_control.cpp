@@ -8,12 +8,10 @@ namespace ostrand::toolkit {
 
 namespace {
 
-constexpr int objectNotSet = 91;
-
 [[noreturn]] void raiseNotSet()
 {
-    throw store::Error(objectNotSet,
-                       DataControl::tr("Object variable or With block variable not set"));
+    throw store::Error(store::errors::objectNotSet,
+                       DataControl::tr("The data control has no recordset yet."));
 }
 
 } // namespace
@@ -86,7 +84,7 @@ void DataControl::UpdateRecord()
 {
     if (!isPending()) {
         throw store::Error(store::errors::updateWithoutEdit,
-                           tr("Update or CancelUpdate without AddNew or Edit."));
+                           tr("No edit is pending."));
     }
     m_pendingError.reset();
     if (m_rowWriter) {
@@ -122,7 +120,7 @@ std::optional<store::Error> DataControl::standingError(Action action) const
             Recordset().checkWritable();
         } else if (!Recordset().Updatable()) {
             return store::Error(store::errors::notUpdatable,
-                                tr("Cannot update. Database or object is read-only."));
+                                tr("The database or the query is read-only."));
         }
     } catch (const store::Error& error) {
         return error;

@@ -8,6 +8,10 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <filesystem>
+#include <system_error>
+
+namespace fs = std::filesystem;
 using namespace Qt::StringLiterals;
 using ostrand::store::Error;
 
@@ -30,6 +34,39 @@ bool isReadOnly(const QString& path)
     return !(QFile::permissions(path) & QFile::WriteOwner);
 }
 
+[[noreturn]] void raise(const std::error_code& reason)
+{
+    if (reason == std::errc::no_space_on_device || reason == std::errc::file_too_large)
+        throw Error(fileErrors::diskFull, u"Disk full"_s);
+    throw Error(fileErrors::permissionDenied, u"Permission denied"_s);
+}
+
+/// To another file system: the old file goes only when the new one is whole.
+void moveByCopy(const fs::path& from, const fs::path& to)
+{
+    std::error_code failed;
+    fs::copy_file(from, to, failed);
+    if (failed == std::errc::file_exists)
+        raise(failed);
+    if (!failed)
+        fs::remove(from, failed);
+    if (!failed)
+        return;
+    std::error_code ignored;
+    fs::remove(to, ignored);
+    raise(failed);
+}
+
+void moveByPath(const fs::path& from, const fs::path& to)
+{
+    std::error_code failed;
+    fs::rename(from, to, failed);
+    if (failed == std::errc::cross_device_link)
+        moveByCopy(from, to);
+    else if (failed)
+        raise(failed);
+}
+
 } // namespace
 
 bool fileExists(const QString& path)
@@ -45,12 +82,7 @@ void moveFile(const QString& from, const QString& to)
         throw Error(fileErrors::fileExists, u"File already exists"_s);
     if (!target.dir().exists())
         throw Error(fileErrors::pathNotFound, u"Path not found"_s);
-    QFile file(filePath(from));
-    if (file.rename(target.filePath()))
-        return;
-    if (file.error() == QFileDevice::ResourceError)
-        throw Error(fileErrors::diskFull, u"Disk full"_s);
-    throw Error(fileErrors::permissionDenied, u"Permission denied"_s);
+    moveByPath(QFileInfo(filePath(from)).filesystemFilePath(), target.filesystemFilePath());
 }
 
 void deleteFile(const QString& path)

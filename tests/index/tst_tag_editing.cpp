@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
 // SPDX-License-Identifier: MIT
+#include "support/full_disk.h"
 #include "support/index_fixture.h"
 
 #include <QDir>
@@ -43,6 +44,10 @@ private Q_SLOTS:
     void anApostropheFailsTheDuplicateCheckAndIsStored();
     void aTagThatIsTooLongIsReportedLikeADuplicate();
     void aRecordDeletedByAnotherProgramIsTold();
+
+    void aFullDiskKeepsTheRowInEdit();
+    void anotherProgramsLockKeepsTheRowInEdit();
+    void aVanishedFileKeepsTheRowInEdit();
 
     void deletingAsksAndDeletes();
     void decliningKeepsTheTag();
@@ -334,6 +339,54 @@ void TestTagEditing::aRecordDeletedByAnotherProgramIsTold()
              qPrintable(shown.at(0)));
     QVERIFY2(shown.at(1).startsWith(u"3167 : Error while  modifying record. "_s),
              qPrintable(shown.at(1)));
+}
+
+void TestTagEditing::aFullDiskKeepsTheRowInEdit()
+{
+    m_index->goTo(u"FT-102"_s);
+    m_index->cell(5).setValue(u"DCS"_s);
+    {
+        const tests::FullDisk full;
+        QVERIFY(!m_index->grid().writeRow());
+    }
+    QCOMPARE(m_index->texts(),
+             QStringList{u"Record cannot be saved due to duplication of the key"_s});
+    QCOMPARE(m_index->cellText(5), u"DCS"_s);
+    m_index->cell(column::tag).setValue(u"FT-102"_s);
+    QVERIFY(m_index->grid().writeRow());
+    QCOMPARE(m_index->stored(u"FT-102"_s, u"Location"_s), u"DCS"_s);
+}
+
+void TestTagEditing::anotherProgramsLockKeepsTheRowInEdit()
+{
+    sqlite3* other = nullptr;
+    sqlite3_open(m_index->project.toUtf8().constData(), &other);
+    sqlite3_exec(other, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+    m_index->goTo(u"FT-102"_s);
+    m_index->cell(5).setValue(u"DCS"_s);
+    QVERIFY(!m_index->grid().writeRow());
+    sqlite3_close(other);
+    const QStringList shown = m_index->texts();
+    QVERIFY2(shown.at(0).contains(u"Error : 3260. "_s), qPrintable(shown.at(0)));
+    QCOMPARE(m_index->cellText(5), u"DCS"_s);
+    m_index->cell(column::tag).setValue(u"FT-102"_s);
+    QVERIFY(m_index->grid().writeRow());
+    QCOMPARE(m_index->stored(u"FT-102"_s, u"Location"_s), u"DCS"_s);
+}
+
+void TestTagEditing::aVanishedFileKeepsTheRowInEdit()
+{
+    m_index->goTo(u"FT-102"_s);
+    m_index->cell(5).setValue(u"DCS"_s);
+    const QString away = m_index->path(u"away.mdb"_s);
+    QVERIFY(QFile::rename(m_index->project, away));
+    QVERIFY(!m_index->grid().writeRow());
+    QVERIFY(!m_index->texts().isEmpty());
+    QCOMPARE(m_index->cellText(5), u"DCS"_s);
+    QVERIFY(QFile::rename(away, m_index->project));
+    m_index->cell(column::tag).setValue(u"FT-102"_s);
+    QVERIFY(m_index->grid().writeRow());
+    QCOMPARE(m_index->stored(u"FT-102"_s, u"Location"_s), u"DCS"_s);
 }
 
 void TestTagEditing::deletingAsksAndDeletes()

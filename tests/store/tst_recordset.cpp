@@ -37,6 +37,7 @@ private Q_SLOTS:
     void rowsOfAStoredQueryCanBeEdited();
     void rowsDeletedByAnotherProgramAreTold();
     void changesThroughStatementsAreSeenAtOnce();
+    void changesOfAnotherProgramAreSeenWithTheNextReading();
     void anOrderedStatementComesInItsOrder();
     void rowsWithoutAKeyAreReadOnly();
     void keysAreReadInPartsUntilTheyAreNeeded();
@@ -331,6 +332,16 @@ void TestRecordset::changesThroughStatementsAreSeenAtOnce()
     QCOMPARE(rows->Field(u"service"_s).text(), u"service 1"_s);
     m_file->open().Execute(u"update item set service = 'changed' where tag = 'pt-00001'"_s);
     QCOMPARE(rows->Field(u"service"_s).text(), u"changed"_s);
+}
+
+void TestRecordset::changesOfAnotherProgramAreSeenWithTheNextReading()
+{
+    const auto rows = open(3);
+    QCOMPARE(rows->Field(u"service"_s).text(), u"service 1"_s);
+    m_file->run("UPDATE item SET service = 'theirs' WHERE size = 1");
+    const Database database = m_file->open();
+    const auto screenful = database.readScope();
+    QCOMPARE(rows->Field(u"service"_s).text(), u"theirs"_s);
 }
 
 void TestRecordset::anOrderedStatementComesInItsOrder()
