@@ -36,7 +36,7 @@ void requireStore(const QSettings& settings)
 QString readEntry(int entry)
 {
     const QSettings settings;
-    const QString path = settings.value(keyOf(entry), QString()).toString();
+    QString path = settings.value(keyOf(entry), QString()).toString();
     // A group of the settings is read no sooner than a value of it is asked for.
     requireStore(settings);
     return path;

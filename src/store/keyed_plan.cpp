@@ -40,6 +40,7 @@ std::vector<SourceColumn> sourceColumns(Connection& connection, const QByteArray
 {
     const PreparedStatement all(connection, "SELECT * FROM " + quotedSource + " LIMIT 0");
     std::vector<SourceColumn> columns;
+    columns.reserve(static_cast<std::size_t>(all.columnCount()));
     for (int i = 0; i < all.columnCount(); ++i)
         columns.push_back({columnName(all, i), originOf(all, i)});
     return columns;

@@ -36,7 +36,9 @@ bool isReadOnly(const QString& path)
 
 [[noreturn]] void raise(const std::error_code& reason)
 {
-    if (reason == std::errc::no_space_on_device || reason == std::errc::file_too_large)
+    // The library tells a disk that fills up in the middle of a file by an I/O error.
+    if (reason == std::errc::no_space_on_device || reason == std::errc::file_too_large
+        || reason == std::errc::io_error)
         throw Error(fileErrors::diskFull, u"Disk full"_s);
     throw Error(fileErrors::permissionDenied, u"Permission denied"_s);
 }

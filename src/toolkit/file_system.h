@@ -21,7 +21,8 @@ inline constexpr int pathNotFound = 76;
 /// True for a file; a folder is none.
 bool fileExists(const QString& path);
 
-/// Moves a file; raises 53, 58 when the target exists, 61, 70, 76. A failure leaves it where it was.
+/// Moves a file; raises 53, 58 when the target exists, 61, 70, 76. A failure leaves it where it
+/// was.
 void moveFile(const QString& from, const QString& to);
 
 /// Deletes a file; a read-only file is not deleted and raises 70.

@@ -40,7 +40,7 @@ private Q_SLOTS:
     void theUpdateProgramIsStartedWithTheVersion();
 
 private:
-    /// An update program that writes down its arguments, one to a line.
+    /// An update program that writes down its command line.
     void makeUpdateProgram(const QString& folder);
     QStringList texts() { return m_fixture->prompts.takeTexts(); }
 
@@ -52,10 +52,9 @@ void TestAboutHelp::makeUpdateProgram(const QString& folder)
     QVERIFY(QDir().mkpath(folder));
     QFile script(folder + u"/OstrandAutoUpdate.exe"_s);
     QVERIFY(script.open(QIODevice::WriteOnly));
-    script.write("#!/bin/sh\nfor word in \"$@\"; do echo \"$word\"; done > \"");
-    script.write(m_fixture->path(u"arguments.part"_s).toUtf8());
-    script.write("\"\nmv \"" + m_fixture->path(u"arguments.part"_s).toUtf8() + "\" \""
-                 + m_fixture->path(u"arguments.txt"_s).toUtf8() + "\"\n");
+    const QByteArray line = m_fixture->path(u"command line"_s).toUtf8();
+    script.write("#!/bin/sh\necho \"$0\" \"$@\" > \"" + line + ".part\"\nmv \"" + line
+                 + ".part\" \"" + line + "\"\n");
     script.close();
     script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
@@ -170,10 +169,11 @@ void TestAboutHelp::theUpdateProgramIsStartedWithTheVersion()
     app::LaunchAutoUpdate();
     QCOMPARE(texts(), QStringList());
     QCOMPARE(m_fixture->prompts.addresses, QStringList());
-    QFile written(m_fixture->path(u"arguments.txt"_s));
+    QFile written(m_fixture->path(u"command line"_s));
     QTRY_VERIFY(written.exists());
     QVERIFY(written.open(QIODevice::ReadOnly));
-    QCOMPARE(written.readAll(), QByteArray("DataSheets||2013.201203299\n"));
+    QCOMPARE(QString::fromUtf8(written.readAll()),
+             folder + u"/OstrandAutoUpdate.exe DataSheets||2013.201203299\n"_s);
 }
 
 QTEST_MAIN(TestAboutHelp)

@@ -5,9 +5,6 @@
 #include "support/index_fixture.h"
 
 #include <QHeaderView>
-#include <QRegularExpression>
-
-#include <sqlite3.h>
 
 #include <memory>
 
@@ -48,7 +45,7 @@ private Q_SLOTS:
     void aNewRowWithoutATagMayNotBeWritten();
     void modifyingADeletedRecordIsTold();
     void deletingADeletedRecordIsTold();
-    void addingToAnIndexThatTakesNoRecordsIsTold();
+    void anIndexThatCannotBeChangedIsToldForEachAction();
 
 private:
     /// A project of four tags whose `field` holds "b", "A", nothing and "c".
@@ -194,9 +191,8 @@ void TestIndexRecords::sortingWithAPendingEditIsTold()
     QVERIFY(m_index->prompts.boxes.at(0).icon == toolkit::BoxIcon::Exclamation);
     const QStringList shown = texts();
     QCOMPARE(shown.size(), 1);
-    QVERIFY2(
-        shown[0].startsWith(u"Error while sorting index spreadsheet. \r\nError : 444. "_s),
-        qPrintable(shown[0]));
+    QVERIFY2(shown[0].startsWith(u"Error while sorting index spreadsheet. \r\nError : 444. "_s),
+             qPrintable(shown[0]));
     QCOMPARE(m_index->cellText(2), u"being typed"_s);
     QCOMPARE(m_index->window.ActiveTag(), u"T-1"_s);
     m_index->press(u"cmdSave"_s);
@@ -357,8 +353,7 @@ void TestIndexRecords::modifyingADeletedRecordIsTold()
     openFour(u"Location"_s);
     m_index->goTo(u"T-2"_s);
     m_index->cell(2).setValue(u"too late"_s);
-    ProgramFixture::execute(m_index->project,
-                            u"delete from [index] where PlantItemNo = 'T-2'"_s);
+    ProgramFixture::execute(m_index->project, u"delete from [index] where PlantItemNo = 'T-2'"_s);
     m_index->press(u"cmdSave"_s);
     const QStringList told = texts().filter(u"3167 : Error while  modifying record. "_s);
     QCOMPARE(told.size(), 1);
@@ -385,27 +380,26 @@ void TestIndexRecords::deletingADeletedRecordIsTold()
     QVERIFY(told[0].startsWith(u"3167"_s));
 }
 
-void TestIndexRecords::addingToAnIndexThatTakesNoRecordsIsTold()
+void TestIndexRecords::anIndexThatCannotBeChangedIsToldForEachAction()
 {
-    // A stored query whose rows are not those of one table cannot be added to.
-    const QString project = m_index->sampleProject();
-    sqlite3* raw = nullptr;
-    sqlite3_open(project.toUtf8().constData(), &raw);
-    const char* change = "ALTER TABLE \"index\" RENAME TO tags;"
-                         "CREATE VIEW \"index\" AS SELECT DISTINCT * FROM tags;";
-    QCOMPARE(sqlite3_exec(raw, change, nullptr, nullptr, nullptr), SQLITE_OK);
-    sqlite3_close(raw);
-    m_index->open(project);
-    QCOMPARE(texts(), QStringList());
-    m_index->tags().MoveLast();
-    m_index->startNewTag(u"T-9"_s);
-    m_index->press(u"cmdSave"_s);
-    const QStringList told = texts().filter(u" : Error while  adding a record. "_s);
-    QCOMPARE(told.size(), 1);
-    QVERIFY2(QRegularExpression(u"^\\d+ : Error while  adding a record\\. ."_s)
-                 .match(told[0])
-                 .hasMatch(),
-             qPrintable(told[0]));
+    using Action = toolkit::DataControl::Action;
+    openFour(u"Location"_s);
+    toolkit::DataControl& dbIndex = m_index->window.dbIndex();
+    dbIndex.setRecordSource(u"select distinct * from qryIndex"_s);
+    dbIndex.Refresh();
+    const auto told = [this](const QString& start) {
+        QVERIFY(m_index->prompts.boxes.at(0).icon == toolkit::BoxIcon::Exclamation);
+        const QStringList shown = texts();
+        QCOMPARE(shown.size(), 1);
+        QVERIFY2(shown[0].startsWith(start), qPrintable(shown[0]));
+        QVERIFY2(shown[0].size() > start.size(), qPrintable(shown[0]));
+    };
+    QVERIFY(!dbIndex.validateAction(Action::Add));
+    told(u"3027 : Error while  adding a record. "_s);
+    QVERIFY(!dbIndex.validateAction(Action::Delete));
+    told(u"3027 : Error while  deleting a record. "_s);
+    QVERIFY(!dbIndex.validateAction(Action::Update));
+    told(u"3027 : Error while  modifying record. "_s);
 }
 
 QTEST_MAIN(TestIndexRecords)

@@ -6,6 +6,7 @@
 #include "index/frmIndex.h"
 #include "store/database.h"
 #include "support/program_fixture.h"
+#include "support/without_root.h"
 #include "toolkit/data_grid.h"
 
 #include <QDir>
@@ -18,7 +19,6 @@
 
 #include <sqlite3.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using namespace ostrand;
@@ -30,29 +30,6 @@ QString panel(QWidget& window, int number)
 {
     return window.findChild<QLabel*>(u"Panel"_s + QString::number(number))->text();
 }
-
-/// Takes the rights of the superuser, whom no file mode refuses, as long as it stands.
-class WithoutRoot
-{
-public:
-    WithoutRoot()
-        : m_wasRoot(::geteuid() == 0)
-    {
-        if (m_wasRoot && ::seteuid(nobody) != 0)
-            qFatal("cannot change user");
-    }
-    ~WithoutRoot()
-    {
-        if (m_wasRoot && ::seteuid(0) != 0)
-            qFatal("cannot change user back");
-    }
-    WithoutRoot(const WithoutRoot&) = delete;
-    WithoutRoot& operator=(const WithoutRoot&) = delete;
-
-private:
-    static constexpr uid_t nobody = 65534;
-    bool m_wasRoot;
-};
 
 } // namespace
 
@@ -220,7 +197,7 @@ void TestOpening::aReadOnlyFileIsToldAndEndsTheAvailabilityChecks()
     ::chmod(m_fixture->path(QString()).toUtf8().constData(), 0777);
     ::chmod(readOnly.toUtf8().constData(), 0444);
     {
-        const WithoutRoot user;
+        const tests::WithoutRoot user;
         m_window->OpenIndex(readOnly);
     }
     QVERIFY(texts().contains(u"Error while reading from "_s + readOnly
@@ -487,7 +464,7 @@ void TestOpening::creatingInAFolderWithoutRightsIsTold()
     ::chmod(m_fixture->path(QString()).toUtf8().constData(), 0777);
     m_fixture->prompts.files = {m_fixture->path(u"closed/new.mdb"_s)};
     {
-        const WithoutRoot user;
+        const tests::WithoutRoot user;
         m_window->CreateIndex();
     }
     const QStringList shown = texts();

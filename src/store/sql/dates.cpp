@@ -65,7 +65,7 @@ std::optional<QTime> parseTime(const QString& text)
 
 QString stored(QDate date, QTime time)
 {
-    const QString day = date.toString(u"yyyy-MM-dd");
+    QString day = date.toString(u"yyyy-MM-dd");
     if (time == QTime(0, 0))
         return day;
     return day + u' ' + time.toString(u"HH:mm:ss");

@@ -178,7 +178,7 @@ QString Parser::spelled(const QString& name)
 {
     if (isAscii(name))
         return name;
-    const QString known = m_resolve ? m_resolve(name) : name;
+    QString known = m_resolve ? m_resolve(name) : name;
     if (known != name)
         return known;
     const QString key = foldCase(name);
