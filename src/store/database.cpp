@@ -42,9 +42,10 @@ sql::TokenList rowsStatement(Connection& connection, const QString& sqlOrName)
 
 } // namespace
 
-Database::Database(std::shared_ptr<Connection> connection, QString name)
+Database::Database(std::shared_ptr<Connection> connection, QString name, bool readOnly)
     : m_connection(std::move(connection)),
-      m_name(std::move(name))
+      m_name(std::move(name)),
+      m_readOnly(readOnly)
 {
 }
 Database::Database(Database&&) noexcept = default;
@@ -67,7 +68,7 @@ std::unique_ptr<Recordset> Database::OpenRecordset(const QString& sqlOrName) con
         throw Error(errors::notSupported, u"The statement gives no records."_s);
     if (plan->keyed) {
         return std::make_unique<Recordset>(
-            makeKeyedSource(m_connection, plan->keyed, tokens.literals));
+            makeKeyedSource(m_connection, plan->keyed, tokens.literals, m_readOnly));
     }
     return std::make_unique<Recordset>(
         makeFixedSource(m_connection, std::move(plan), tokens.literals));
@@ -80,6 +81,8 @@ void Database::Execute(const QString& sql, RefusedRows refused) const
     const auto plan = file.plan(tokens);
     if (plan->statement.verb == sql::Verb::Select)
         throw Error(errors::cannotExecuteSelect, u"A select statement cannot be executed."_s);
+    if (m_readOnly)
+        throw Error(errors::notUpdatable, u"The database was opened for reading only."_s);
     PreparedStatement* statement = plan->prepared.get();
     const bool dropping = refused == RefusedRows::Drop && !plan->statement.sqlDropping.isEmpty();
     if (dropping) {
@@ -137,7 +140,8 @@ Database::ReadScope::~ReadScope()
 
 Database DBEngine::OpenDatabase(const QString& path, Access access)
 {
-    return {openConnection(path, access == Access::ReadOnly), path};
+    const bool readOnly = access == Access::ReadOnly;
+    return {openConnection(path, readOnly), path, readOnly};
 }
 
 } // namespace ostrand::store

@@ -25,7 +25,7 @@ enum class RefusedRows {
 class Database
 {
 public:
-    Database(std::shared_ptr<Connection> connection, QString name);
+    Database(std::shared_ptr<Connection> connection, QString name, bool readOnly);
     Database(Database&&) noexcept;
     Database& operator=(Database&&) noexcept;
     ~Database();
@@ -65,6 +65,7 @@ private:
 
     std::shared_ptr<Connection> m_connection;
     QString m_name;
+    bool m_readOnly;
 };
 
 /// Opens databases.

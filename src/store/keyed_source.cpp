@@ -20,16 +20,18 @@ class KeyedSource final : public RowSource
 public:
     KeyedSource(std::shared_ptr<Connection> connection,
                 std::shared_ptr<KeyedPlan> plan,
-                QStringList literals)
+                QStringList literals,
+                bool readOnly)
         : m_connection(std::move(connection)),
           m_plan(std::move(plan)),
-          m_literals(std::move(literals))
+          m_literals(std::move(literals)),
+          m_readOnly(readOnly)
     {
     }
 
     int fieldCount() const override { return static_cast<int>(m_plan->fields.size()); }
     QString fieldName(int index) const override { return field(index).name; }
-    bool updatable() const override { return m_plan->updatable; }
+    bool updatable() const override { return m_plan->updatable && !m_readOnly; }
     bool fieldUpdatable(int index) const override { return !field(index).sourceColumn.isEmpty(); }
 
     bool readFirstKeys(std::vector<qint64>& keys) override;
@@ -58,6 +60,7 @@ private:
     std::shared_ptr<Connection> m_connection;
     std::shared_ptr<KeyedPlan> m_plan;
     QStringList m_literals;
+    bool m_readOnly;
     std::unordered_map<qint64, Row> m_cache;
     qint64 m_cacheStamp = -1;
     int m_nextMiss = -1;
@@ -247,9 +250,11 @@ void KeyedSource::remove(qint64 key)
 
 std::unique_ptr<RowSource> makeKeyedSource(std::shared_ptr<Connection> connection,
                                            std::shared_ptr<KeyedPlan> plan,
-                                           const QStringList& literals)
+                                           const QStringList& literals,
+                                           bool readOnly)
 {
-    return std::make_unique<KeyedSource>(std::move(connection), std::move(plan), literals);
+    return std::make_unique<KeyedSource>(
+        std::move(connection), std::move(plan), literals, readOnly);
 }
 
 } // namespace ostrand::store

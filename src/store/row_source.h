@@ -45,7 +45,8 @@ public:
 
 std::unique_ptr<RowSource> makeKeyedSource(std::shared_ptr<Connection> connection,
                                            std::shared_ptr<KeyedPlan> plan,
-                                           const QStringList& literals);
+                                           const QStringList& literals,
+                                           bool readOnly);
 /// Rows that have no key: read once, and not to be changed.
 std::unique_ptr<RowSource> makeFixedSource(std::shared_ptr<Connection> connection,
                                            std::shared_ptr<Plan> plan,

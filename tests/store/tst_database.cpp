@@ -24,6 +24,7 @@ private Q_SLOTS:
     void aTruncatedFileIsDamaged();
     void aDatabaseOfANewerProgramIsRefused();
     void severalDatabasesShareTheFile();
+    void openedForReadingNothingCanBeChanged();
     void aFileThatTookTheOthersPlaceIsOpenedAnew();
     void nothingIsWrittenIntoAFileThatIsGone();
     void aClosedDatabaseRaises();
@@ -97,6 +98,17 @@ void TestDatabase::severalDatabasesShareTheFile()
     QCOMPARE(first.OpenRecordset(u"select count(*) as n from item"_s)->Field(u"n"_s).integer(), 2);
     QCOMPARE(first.Name(), m_file->path());
     QCOMPARE(first.Connect(), QString());
+}
+
+void TestDatabase::openedForReadingNothingCanBeChanged()
+{
+    const Database writing = m_file->open();
+    const Database reading = DBEngine::OpenDatabase(m_file->path(), DBEngine::Access::ReadOnly);
+    QVERIFY(writing.OpenRecordset(u"item"_s)->Updatable());
+    const auto rows = reading.OpenRecordset(u"item"_s);
+    QVERIFY(!rows->Updatable());
+    QCOMPARE(errorOf([&] { rows->Edit(); }), errors::notUpdatable);
+    QCOMPARE(errorOf([&] { reading.Execute(u"delete from item"_s); }), errors::notUpdatable);
 }
 
 void TestDatabase::aFileThatTookTheOthersPlaceIsOpenedAnew()
