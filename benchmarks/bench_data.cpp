@@ -15,7 +15,7 @@ QString projectOf(int tags)
 {
     const QDir bin(QCoreApplication::applicationDirPath());
     bin.mkpath(u"../bench-data"_s);
-    const QString path = bin.filePath(u"../bench-data/tags-%1.mdb"_s.arg(tags));
+    QString path = bin.filePath(u"../bench-data/tags-%1.mdb"_s.arg(tags));
     if (!QFile::exists(path)) {
         const int code = QProcess::execute(bin.filePath(u"ostrand-make-project"_s),
                                            {u"generate"_s, QString::number(tags), path});

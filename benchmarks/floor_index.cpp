@@ -161,6 +161,7 @@ QStringList FloorIndex::readRow(long long key)
 void FloorIndex::show(const std::vector<long long>& keys)
 {
     std::vector<QStringList> rows;
+    rows.reserve(keys.size());
     sqlite3_exec(m_file, "BEGIN", nullptr, nullptr, nullptr);
     for (const long long key : keys)
         rows.push_back(readRow(key));

@@ -28,12 +28,7 @@ using ostrand::store::Error;
 namespace ostrand::index {
 
 frmIndex::frmIndex()
-    : m_dbIndex(new toolkit::DataControl(this)),
-      m_GridIndex(nullptr),
-      m_documents(nullptr),
-      m_tags(nullptr),
-      m_menus(nullptr),
-      m_buttons(nullptr)
+    : m_dbIndex(new toolkit::DataControl(this))
 {
     setObjectName(u"frmIndex"_s);
     setWindowTitle(app::productTitle());
@@ -186,7 +181,7 @@ void frmIndex::ableButton(bool blnEnable)
     m_buttons->button(u"cmdExport"_s)->setEnabled(blnEnable);
 }
 
-void frmIndex::cellButtonClicked(int columnNumber)
+void frmIndex::cellButtonClicked(int columnNumber) const
 {
     try {
         if (columnNumber == column::datasheetFileName && m_commands.LocateDatasheetFile)

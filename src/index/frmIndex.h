@@ -89,10 +89,10 @@ private:
     void loadFailed(const store::Error& error);
     bool copyTemplate();
     void storeNewProjectFolders();
-    void ShowProjectInfo();
+    void ShowProjectInfo() const;
 
     // Events
-    void cellButtonClicked(int columnNumber);
+    void cellButtonClicked(int columnNumber) const;
     void showRecordCounter();
     void validateRecord(toolkit::DataControl::Action action,
                         bool& save,
@@ -105,11 +105,11 @@ private:
     void restoreKeptGeometry();
 
     toolkit::DataControl* m_dbIndex;
-    toolkit::DataGrid* m_GridIndex;
-    DocumentColumns* m_documents;
-    TagEditing* m_tags;
-    IndexMenus* m_menus;
-    IndexButtons* m_buttons;
+    toolkit::DataGrid* m_GridIndex = nullptr;
+    DocumentColumns* m_documents = nullptr;
+    TagEditing* m_tags = nullptr;
+    IndexMenus* m_menus = nullptr;
+    IndexButtons* m_buttons = nullptr;
     QLabel* m_panels[2]{};
     QPointer<app::frmAbout> m_about;
     Commands m_commands;

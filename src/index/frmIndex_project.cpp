@@ -158,7 +158,7 @@ void frmIndex::storeNewProjectFolders()
     store(toolkit::joinPath(app::installationFolder(), u"Templates"_s), u"DefaultTemplateFolder"_s);
 }
 
-void frmIndex::ShowProjectInfo()
+void frmIndex::ShowProjectInfo() const
 {
     try {
         if (m_commands.ShowProjectInfo)

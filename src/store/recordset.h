@@ -14,7 +14,6 @@
 
 namespace ostrand::store {
 
-class Connection;
 class RowSource;
 
 /// Marks one row of a recordset as long as the recordset lives, wherever it moves.

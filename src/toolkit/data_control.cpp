@@ -83,8 +83,7 @@ bool DataControl::isPending() const
 void DataControl::UpdateRecord()
 {
     if (!isPending()) {
-        throw store::Error(store::errors::updateWithoutEdit,
-                           tr("No edit is pending."));
+        throw store::Error(store::errors::updateWithoutEdit, tr("No edit is pending."));
     }
     m_pendingError.reset();
     if (m_rowWriter) {

@@ -42,7 +42,7 @@ QMessageBox::Icon iconOf(BoxIcon icon)
 /// The folder a dialog starts in, and the name that it offers there.
 QString startOf(const FileRequest& request)
 {
-    const QString preset = filePath(request.fileName);
+    QString preset = filePath(request.fileName);
     const QString folder = filePath(request.folder);
     if (folder.isEmpty())
         return preset;

@@ -105,8 +105,9 @@ void DataGrid::tabKey(QKeyEvent* event)
     const bool back =
         event->key() == Qt::Key_Backtab || event->modifiers().testFlag(Qt::ShiftModifier);
     const bool leavesGrid = event->modifiers().testFlag(Qt::ControlModifier);
+    // The table view's own handling would step through cells once more.
     if (leavesGrid || !stepCells(back ? -1 : 1))
-        QAbstractScrollArea::focusNextPrevChild(!back);
+        QAbstractScrollArea::focusNextPrevChild(!back); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void DataGrid::enterKey(QKeyEvent* event)

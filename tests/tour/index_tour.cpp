@@ -156,7 +156,7 @@ private:
 QString makeProject(const Camera& camera)
 {
     const QString folder = camera.folder() + u"/project"_s;
-    const QString project = folder + u"/Heronsfield.mdb"_s;
+    QString project = folder + u"/Heronsfield.mdb"_s;
     QDir().mkpath(folder + u"/Datasheets"_s);
     QDir().mkpath(folder + u"/Templates"_s);
     QFile::remove(project);
