@@ -128,6 +128,9 @@ void frmIndex::CreateIndex()
         copyTemplate();
         showProjectFile();
         LoadIndex();
+        // What could not be loaded was told; the project that is still shown is not the new one.
+        if (!m_dbIndex->isOpen() || m_dbIndex->Database().Name() != g_strIndexFile)
+            return;
         storeNewProjectFolders();
         ShowProjectInfo();
     } catch (const Error& error) {

@@ -83,6 +83,10 @@ void TagEditing::SaveTag()
 void TagEditing::DeleteTag()
 {
     try {
+        if (m_dbIndex.EditMode() == EditMode::Add) {
+            dropNewTag();
+            return;
+        }
         store::Recordset& tags = m_dbIndex.Recordset();
         if (tags.Eof() || tags.Bof())
             return;
@@ -90,7 +94,7 @@ void TagEditing::DeleteTag()
                                + tags.Field(fieldTag).text() + u"?"_s))
             return;
         DeleteDatasheetFile();
-        tags.Delete();
+        m_dbIndex.DeleteRecord();
         if (!tags.Eof() && !tags.Bof())
             tags.MovePrevious();
     } catch (const Error& error) {
@@ -99,6 +103,13 @@ void TagEditing::DeleteTag()
         else
             toolkit::showFailure(toolkit::formA(tr("Error while deleting data ."), error));
     }
+}
+
+/// A tag that is still being typed is no record: what is deleted is the row, and no other tag.
+void TagEditing::dropNewTag()
+{
+    if (toolkit::askYesNo(tr("Are you sure you want to delete tag ") + tagCell() + u"?"_s))
+        m_grid.cancelRow();
 }
 
 void TagEditing::DeleteDatasheetFile()
@@ -120,6 +131,7 @@ void TagEditing::DeleteDatasheetFile()
 
 void TagEditing::beforeUpdate()
 {
+    m_moved.reset();
     try {
         const store::Recordset& tags = m_dbIndex.Recordset();
         const bool isNew = tags.editMode() == EditMode::Add;
@@ -174,14 +186,32 @@ void TagEditing::UpdateDatasheetFile()
 /// The record keeps its old folder, although the file now lies in the default one.
 void TagEditing::moveDatasheetFile(const QString& oldPath)
 {
+    store::Recordset& tags = m_dbIndex.Recordset();
     const QString newName = datasheetNameOf(tagCell());
-    toolkit::moveFile(oldPath, toolkit::joinPath(m_links.FolderDatasheets(), newName));
-    m_dbIndex.Recordset().SetField(fieldFileName, newName);
+    const QString newPath = toolkit::joinPath(m_links.FolderDatasheets(), newName);
+    toolkit::moveFile(oldPath, newPath);
+    m_moved = MovedFile{oldPath, newPath, tags.Field(fieldFileName).text()};
+    tags.SetField(fieldFileName, newName);
+}
+
+/// The tag keeps its name, so its datasheet has to be found under the old one.
+void TagEditing::moveDatasheetFileBack()
+{
+    if (!m_moved)
+        return;
+    const MovedFile moved = *std::exchange(m_moved, std::nullopt);
+    try {
+        toolkit::moveFile(moved.to, moved.from);
+        m_dbIndex.Recordset().SetField(fieldFileName, moved.oldName);
+    } catch (const Error& error) {
+        toolkit::showFailure(toolkit::formB(tr("Error while updating datasheet file. "), error));
+    }
 }
 
 void TagEditing::afterUpdate(bool& failed)
 {
     if (failed) {
+        moveDatasheetFileBack();
         toolkit::showFailure(tagCellIsEmpty()
                                  ? tr("Key field cannot be null")
                                  : tr("Record cannot be saved due to duplication of the key"));

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include <functional>
+#include <optional>
 
 namespace ostrand::toolkit {
 class DataControl;
@@ -53,6 +54,8 @@ private:
     bool CheckDuplicateTag();
     void UpdateDatasheetFile();
     void moveDatasheetFile(const QString& oldPath);
+    void moveDatasheetFileBack();
+    void dropNewTag();
     void updateTiedData();
     bool tagCellIsEmpty();
     QString tagCell();
@@ -60,6 +63,15 @@ private:
     toolkit::DataGrid& m_grid;
     toolkit::DataControl& m_dbIndex;
     Links m_links;
+
+    /// The datasheet file that the row being written took along.
+    struct MovedFile
+    {
+        QString from;
+        QString to;
+        QString oldName;
+    };
+    std::optional<MovedFile> m_moved;
 };
 
 } // namespace ostrand::index

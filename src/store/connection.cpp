@@ -163,10 +163,16 @@ void Connection::beginRead()
 {
     if (m_readDepth++ > 0)
         return;
-    m_inRead = sqlite3_get_autocommit(m_handle.get()) != 0;
-    if (m_inRead)
-        run("BEGIN");
-    noticeForeignChanges();
+    try {
+        m_inRead = sqlite3_get_autocommit(m_handle.get()) != 0;
+        if (m_inRead)
+            run("BEGIN");
+        noticeForeignChanges();
+    } catch (...) {
+        // A lock of another program must not leave a transaction open behind it.
+        endRead();
+        throw;
+    }
 }
 
 void Connection::noticeForeignChanges()

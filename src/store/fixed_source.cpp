@@ -64,10 +64,13 @@ public:
     {
         throw Error(errors::notSupported, u"Rows of this statement cannot be searched."_s);
     }
-    bool exists(qint64 /*key*/) override { return true; }
+    bool isStill(qint64 /*key*/, const Row& /*row*/) override { return true; }
     qint64 insert(const Changes& /*changes*/) override { refuse(); }
-    void update(qint64 /*key*/, const Changes& /*changes*/) override { refuse(); }
-    void remove(qint64 /*key*/) override { refuse(); }
+    void update(qint64 /*key*/, const Row& /*read*/, const Changes& /*changes*/) override
+    {
+        refuse();
+    }
+    void remove(qint64 /*key*/, const Row& /*read*/) override { refuse(); }
 
 private:
     [[noreturn]] static void refuse()

@@ -88,11 +88,33 @@ bool hasRowid(Connection& connection, const QByteArray& quotedSource)
     }
 }
 
+/// A key may be given again when its row is deleted. The primary key tells such rows apart, or all
+/// fields of the base table where there is none.
+void describeIdentity(KeyedPlan& plan,
+                      const std::vector<Origin>& origins,
+                      const std::vector<QByteArray>& primaryKey)
+{
+    const auto isKey = [&](const Origin& origin) {
+        return std::any_of(primaryKey.begin(), primaryKey.end(), [&](const QByteArray& part) {
+            return origin == Origin{plan.baseTable, part};
+        });
+    };
+    const auto keyFields = std::count_if(origins.begin(), origins.end(), isKey);
+    const bool showsKey = !primaryKey.empty() && keyFields >= std::ssize(primaryKey);
+    for (std::size_t i = 0; i < origins.size(); ++i) {
+        const bool ofBase = origins[i].table.compare(plan.baseTable, Qt::CaseInsensitive) == 0;
+        if (showsKey ? isKey(origins[i]) : ofBase && !plan.fields[i].sourceColumn.isEmpty())
+            plan.identity.push_back(static_cast<int>(i));
+    }
+}
+
 void describeFields(KeyedPlan& plan,
                     const PreparedStatement& rows,
                     int count,
-                    const std::vector<SourceColumn>& columns)
+                    const std::vector<SourceColumn>& columns,
+                    const std::vector<QByteArray>& primaryKey)
 {
+    std::vector<Origin> origins;
     for (int i = 0; i < count; ++i) {
         const QString name = columnName(rows, i);
         if (name == QLatin1StringView(hiddenKey))
@@ -105,7 +127,9 @@ void describeFields(KeyedPlan& plan,
         }
         plan.fields.push_back(field);
         plan.columns.push_back(i);
+        origins.push_back(origin);
     }
+    describeIdentity(plan, origins, primaryKey);
 }
 
 } // namespace
@@ -154,7 +178,11 @@ makeKeyedPlan(Connection& connection, const sql::KeyedSelect& select, qsizetype 
     plan->oneRow = prepare("SELECT " + select.columns + " FROM " + select.from + " WHERE "
                            + plan->key + " = " + next);
     plan->keyPosition = plan->firstRows->columnCount() - 1;
-    describeFields(*plan, *plan->firstRows, plan->keyPosition, columns);
+    describeFields(*plan,
+                   *plan->firstRows,
+                   plan->keyPosition,
+                   columns,
+                   primaryKey(connection, plan->baseTable));
     return plan;
 }
 

@@ -29,6 +29,7 @@ struct KeyedPlan
     bool updatable = false;
     std::vector<FieldInfo> fields; ///< the visible fields, in order
     std::vector<int> columns;      ///< the column of the row statements that each field comes from
+    std::vector<int> identity;     ///< the fields that tell a row from one that got its key later
     int keyPosition = 0;           ///< the column of the first-rows statement that holds the key
     bool sorted = false;           ///< the statement has an order of its own
     qsizetype parameters = 0;      ///< text literals of the statement

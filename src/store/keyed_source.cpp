@@ -38,10 +38,10 @@ public:
     std::vector<qint64> readAllKeys() override;
     const Row* row(const std::vector<qint64>& keys, int position) override;
     std::vector<qint64> find(const QString& criterion) override;
-    bool exists(qint64 key) override;
+    bool isStill(qint64 key, const Row& row) override;
     qint64 insert(const Changes& changes) override;
-    void update(qint64 key, const Changes& changes) override;
-    void remove(qint64 key) override;
+    void update(qint64 key, const Row& read, const Changes& changes) override;
+    void remove(qint64 key, const Row& read) override;
 
 private:
     const FieldInfo& field(int index) const
@@ -51,6 +51,7 @@ private:
     void dropStaleRows();
     bool isGone(qint64 key) const { return m_cache.find(key) == m_cache.end(); }
     void readRow(qint64 key);
+    void requireStill(qint64 key, const Row& row);
     Row rowOf(const PreparedStatement& statement) const;
     PreparedStatement ownStatement(const QByteArray& sql, sql::Verb verb)
     {
@@ -169,14 +170,26 @@ std::vector<qint64> KeyedSource::find(const QString& criterion)
     return keys;
 }
 
-bool KeyedSource::exists(qint64 key)
+bool KeyedSource::isStill(qint64 key, const Row& row)
 {
     m_connection->noticeForeignChanges();
-    PreparedStatement statement = ownStatement("SELECT 1 FROM " + m_plan->quotedSource + " WHERE "
-                                                   + m_plan->keyColumn + " = ?1",
-                                               sql::Verb::Select);
+    QByteArray sql =
+        "SELECT 1 FROM " + m_plan->quotedSource + " WHERE " + m_plan->keyColumn + " = ?1";
+    int parameter = 1;
+    for (const int index : m_plan->identity)
+        sql += " AND " + field(index).sourceColumn + " IS ?" + QByteArray::number(++parameter);
+    PreparedStatement statement = ownStatement(sql, sql::Verb::Select);
     statement.bind(1, key);
+    parameter = 1;
+    for (const int index : m_plan->identity)
+        statement.bind(++parameter, row[static_cast<std::size_t>(index)]);
     return statement.step();
+}
+
+void KeyedSource::requireStill(qint64 key, const Row& row)
+{
+    if (!isStill(key, row))
+        throw Error(errors::recordDeleted, u"The record was deleted."_s);
 }
 
 qint64 KeyedSource::insert(const Changes& changes)
@@ -209,11 +222,10 @@ qint64 KeyedSource::insert(const Changes& changes)
     return *key;
 }
 
-void KeyedSource::update(qint64 key, const Changes& changes)
+void KeyedSource::update(qint64 key, const Row& read, const Changes& changes)
 {
     m_connection->requireInPlace();
-    if (!exists(key))
-        throw Error(errors::recordDeleted, u"The record was deleted."_s);
+    requireStill(key, read);
     if (changes.empty())
         return;
     QByteArray sets;
@@ -234,11 +246,10 @@ void KeyedSource::update(qint64 key, const Changes& changes)
     statement.step();
 }
 
-void KeyedSource::remove(qint64 key)
+void KeyedSource::remove(qint64 key, const Row& read)
 {
     m_connection->requireInPlace();
-    if (!exists(key))
-        throw Error(errors::recordDeleted, u"The record was deleted."_s);
+    requireStill(key, read);
     PreparedStatement statement = ownStatement("DELETE FROM " + m_plan->quotedSource + " WHERE "
                                                    + m_plan->keyColumn + " = ?1",
                                                sql::Verb::Delete);

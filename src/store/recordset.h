@@ -96,10 +96,12 @@ public:
     EditMode editMode() const { return m_editMode; }
     void AddNew();
     void Edit();
-    /// Writes the row under edit. On failure the edit stays pending. A new row takes the last
+    /// Writes the row under edit. On failure the edit stays pending, with the values that it had
+    /// before the observer was asked for more. A new row takes the last
     /// place; the current row stays as before `AddNew`, and `LastModified` marks the new one.
     void Update();
     void CancelUpdate();
+    /// Raises 3021 while a new row is pending: it is no record yet.
     void Delete();
     void Close();
 
@@ -135,7 +137,9 @@ private:
     void requireUpdatable() const;
     void requireOpen() const;
     void setEditMode(EditMode mode);
+    void store();
     void finishInsert(qint64 key);
+    void dropGhost(qint64 key);
 
     std::unique_ptr<RowSource> m_source;
     RecordsetObserver* m_observer = nullptr;
@@ -147,6 +151,7 @@ private:
     mutable int m_hint = 0;
     EditMode m_editMode = EditMode::None;
     std::vector<std::optional<Value>> m_changes; ///< by field, while an edit is pending
+    std::vector<Value> m_read;                   ///< the row under edit as it was read
     std::optional<RowMark> m_lastModified;
     bool m_noMatch = false;
 };

@@ -29,7 +29,9 @@ void Recordset::checkWritable() const
         throw Error(errors::recordDeleted, u"The record was deleted."_s);
     if (m_place != Place::At)
         throw Error(errors::noCurrentRecord, u"There is no current record."_s);
-    if (!m_source->exists(m_keys[static_cast<std::size_t>(m_position)]))
+    // What is known of the row from before the look at the file is what the user saw.
+    const Row* known = row(m_position);
+    if (!known || !m_source->isStill(m_keys[static_cast<std::size_t>(m_position)], Row(*known)))
         throw Error(errors::recordDeleted, u"The record was deleted by another program."_s);
 }
 
@@ -54,6 +56,7 @@ void Recordset::AddNew()
 void Recordset::Edit()
 {
     checkWritable();
+    m_read = currentRow();
     setEditMode(EditMode::InProgress);
 }
 
@@ -68,8 +71,19 @@ void Recordset::Update()
     requireOpen();
     if (m_editMode == EditMode::None)
         throw Error(errors::updateWithoutEdit, u"The record is not being edited."_s);
-    if (m_observer)
-        m_observer->aboutToUpdate();
+    const auto before = m_changes;
+    try {
+        if (m_observer)
+            m_observer->aboutToUpdate();
+        store();
+    } catch (...) {
+        m_changes = before;
+        throw;
+    }
+}
+
+void Recordset::store()
+{
     Changes changes;
     for (std::size_t i = 0; i < m_changes.size(); ++i) {
         if (m_changes[i])
@@ -81,22 +95,38 @@ void Recordset::Update()
     }
     const int position = m_position;
     const RowMark mark = markAt(position);
-    m_source->update(mark.key, changes);
+    m_source->update(mark.key, m_read, changes);
     m_lastModified = mark;
     setEditMode(EditMode::None);
     if (m_observer)
         m_observer->rowChanged(position);
 }
 
+/// The key of a row that another program deleted was given to a new one: the old row's place goes.
+void Recordset::dropGhost(qint64 key)
+{
+    const auto found = std::find(m_keys.begin(), m_keys.end(), key);
+    if (found == m_keys.end())
+        return;
+    const int position = static_cast<int>(found - m_keys.begin());
+    m_keys.erase(found);
+    m_visited = std::max(0, m_visited - (position < m_visited ? 1 : 0));
+    if (m_place == Place::At && position == m_position)
+        m_place = Place::Deleted;
+    else if (position < m_position)
+        --m_position;
+    if (m_observer)
+        m_observer->rowRemoved(position);
+}
+
 /// The new row takes the last place, whatever the order of the others.
 void Recordset::finishInsert(qint64 key)
 {
+    dropGhost(key);
     const bool wasComplete = m_complete;
     if (!wasComplete)
         mergeAllKeys();
     std::erase(m_keys, key);
-    if (m_place == Place::At || m_place == Place::Deleted)
-        m_position = std::min(m_position, static_cast<int>(m_keys.size()));
     if (!wasComplete && m_observer)
         m_observer->keysRead();
     m_keys.push_back(key);
@@ -111,10 +141,12 @@ void Recordset::finishInsert(qint64 key)
 
 void Recordset::Delete()
 {
+    if (m_editMode == EditMode::Add)
+        throw Error(errors::noCurrentRecord, u"The new record is not stored yet."_s);
     checkWritable();
     CancelUpdate();
     const int position = m_position;
-    m_source->remove(m_keys[static_cast<std::size_t>(position)]);
+    m_source->remove(m_keys[static_cast<std::size_t>(position)], Row(currentRow()));
     m_keys.erase(m_keys.begin() + position);
     m_visited = std::max(0, m_visited - (position < m_visited ? 1 : 0));
     m_place = m_keys.empty() ? Place::Behind : Place::Deleted;

@@ -36,11 +36,13 @@ public:
     /// is gone. The pointer holds until the next call.
     virtual const Row* row(const std::vector<qint64>& keys, int position) = 0;
     virtual std::vector<qint64> find(const QString& criterion) = 0;
-    virtual bool exists(qint64 key) = 0;
+    /// False when the row is gone from the file, or when another one has got its key.
+    virtual bool isStill(qint64 key, const Row& row) = 0;
 
     virtual qint64 insert(const Changes& changes) = 0;
-    virtual void update(qint64 key, const Changes& changes) = 0;
-    virtual void remove(qint64 key) = 0;
+    /// Both raise 3167 when the row is not the one that was read.
+    virtual void update(qint64 key, const Row& read, const Changes& changes) = 0;
+    virtual void remove(qint64 key, const Row& read) = 0;
 };
 
 std::unique_ptr<RowSource> makeKeyedSource(std::shared_ptr<Connection> connection,

@@ -38,6 +38,10 @@ void DataControl::Refresh()
     auto database =
         std::make_unique<store::Database>(store::DBEngine::OpenDatabase(m_databaseName, access));
     auto recordset = database->OpenRecordset(m_recordSource);
+    // A grid reads at once: what fails there has to fail ahead of the exchange. Controls that
+    // nobody looks at yet do not read.
+    if (m_rowWriter)
+        recordset->RecordCount();
 
     if (m_recordset)
         m_recordset->setObserver(nullptr);
@@ -94,6 +98,14 @@ void DataControl::UpdateRecord()
             Recordset().Update();
     }
     if (m_pendingError)
+        throw store::Error(*m_pendingError);
+}
+
+void DataControl::DeleteRecord()
+{
+    if (validateAction(Action::Delete))
+        Recordset().Delete();
+    else if (m_pendingError)
         throw store::Error(*m_pendingError);
 }
 

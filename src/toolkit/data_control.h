@@ -49,6 +49,10 @@ public:
     /// Raises 3020 with no edit pending, and the error that stood when the control was to act.
     void UpdateRecord();
 
+    /// Deletes the current record, through the validation. Raises the error that stood when the
+    /// control was to act.
+    void DeleteRecord();
+
     /// Runs the validation for an action: first looks whether the recordset could act at all, then
     /// raises the `validate` signal with the error found, if any. True when the action may go on.
     bool validateAction(Action action);

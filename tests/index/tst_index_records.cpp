@@ -6,6 +6,8 @@
 
 #include <QHeaderView>
 
+#include <sqlite3.h>
+
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -30,6 +32,7 @@ private Q_SLOTS:
     void aRefusedHeaderKeepsTheOrder();
     void sortingWithAPendingEditIsTold();
     void sortingWithoutAProjectIsTold();
+    void sortingALockedFileIsToldAndTheGridLives();
 
     void theCounterFollowsTheCurrentRecord();
     void theCounterFollowsAddingAndDeleting();
@@ -200,6 +203,26 @@ void TestIndexRecords::sortingWithAPendingEditIsTold()
     clickHeader(5);
     QCOMPARE(texts(), QStringList());
     QCOMPARE(tagsInOrder().first(), u"T-3"_s);
+}
+
+void TestIndexRecords::sortingALockedFileIsToldAndTheGridLives()
+{
+    m_index->open(m_index->sampleProject());
+    // Orders that were used before are not looked up again, so the first reading meets the lock.
+    m_index->window.Sort(1);
+    m_index->window.Sort(0);
+    sqlite3* other = nullptr;
+    sqlite3_open(m_index->project.toUtf8().constData(), &other);
+    sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+    m_index->window.Sort(1);
+    sqlite3_close(other);
+    const QStringList shown = m_index->texts();
+    QCOMPARE(shown.size(), 1);
+    QVERIFY2(shown[0].startsWith(u"Error while sorting index spreadsheet. \r\nError : 3260. "_s),
+             qPrintable(shown[0]));
+    m_index->window.grab();
+    m_index->window.Sort(1);
+    QCOMPARE(m_index->texts(), QStringList());
 }
 
 void TestIndexRecords::sortingWithoutAProjectIsTold()

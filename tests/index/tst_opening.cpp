@@ -20,6 +20,8 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
+#include <vector>
+
 using namespace Qt::StringLiterals;
 using namespace ostrand;
 using ostrand::tests::ProgramFixture;
@@ -29,6 +31,23 @@ namespace {
 QString panel(QWidget& window, int number)
 {
     return window.findChild<QLabel*>(u"Panel"_s + QString::number(number))->text();
+}
+
+/// The first pages of a table and of its indexes.
+std::vector<int> rootPages(const QString& project, const QByteArray& table)
+{
+    std::vector<int> pages;
+    sqlite3* raw = nullptr;
+    sqlite3_open(project.toUtf8().constData(), &raw);
+    sqlite3_stmt* statement = nullptr;
+    const QByteArray sql =
+        "SELECT rootpage FROM sqlite_schema WHERE rootpage > 1 AND tbl_name = '" + table + "'";
+    sqlite3_prepare_v2(raw, sql.constData(), -1, &statement, nullptr);
+    while (sqlite3_step(statement) == SQLITE_ROW)
+        pages.push_back(sqlite3_column_int(statement, 0));
+    sqlite3_finalize(statement);
+    sqlite3_close(raw);
+    return pages;
 }
 
 } // namespace
@@ -53,6 +72,7 @@ private Q_SLOTS:
     void refreshingWithAPendingEditIsRefused();
     void brokenFilesAreTold_data();
     void brokenFilesAreTold();
+    void aDamagedTableIsToldAndTheWindowLives();
     void aFailedOpeningKeepsWhatTheGridShowed();
     void aFileLockedByAnotherProgramIsTold();
     void cancellingTheOpenDialogIsSilent();
@@ -68,6 +88,7 @@ private Q_SLOTS:
     void overwritingAsksAndReplacesOnYes();
     void answeringNoOpensTheExistingFileAndReplacesItsFolders();
     void creatingOverTheOpenProjectIsSafe();
+    void creatingWithAPendingRowLeavesTheOpenProjectAlone();
     void creatingEndsInTheProjectInformation();
     void aFailureOfTheProjectInformationIsTold();
     void creatingWithoutTheTemplateIsTold();
@@ -258,6 +279,28 @@ void TestOpening::brokenFilesAreTold()
     QVERIFY(!enabled(u"GridIndex"_s));
 }
 
+void TestOpening::aDamagedTableIsToldAndTheWindowLives()
+{
+    const QString whole = m_fixture->sampleProject();
+    const QString project = m_fixture->sampleProject(u"damaged.mdb"_s);
+    const std::vector<int> roots = rootPages(project, "index");
+    QVERIFY(!roots.empty());
+    QFile file(project);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    for (const int page : roots) {
+        QVERIFY(file.seek((page - 1) * qint64{4096}));
+        file.write(QByteArray(4096, '\x5a'));
+    }
+    file.close();
+    m_window->OpenIndex(whole);
+    const QString tag = m_window->ActiveTag();
+    m_window->OpenIndex(project);
+    QVERIFY2(texts().at(0).startsWith(u"Error while refreshing database. \r\nError : 3049. "_s),
+             "the damage is told");
+    m_window->grab();
+    QCOMPARE(m_window->ActiveTag(), tag);
+}
+
 void TestOpening::aFailedOpeningKeepsWhatTheGridShowed()
 {
     m_window->OpenIndex(m_fixture->sampleProject());
@@ -425,6 +468,19 @@ void TestOpening::creatingOverTheOpenProjectIsSafe()
                               u"select attributeValue from qryProjectInfo where attributeName = "
                               u"'DefaultDatasheetFolder'"_s),
         QFileInfo(project).path());
+}
+
+void TestOpening::creatingWithAPendingRowLeavesTheOpenProjectAlone()
+{
+    const QString project = m_fixture->sampleProject();
+    m_window->OpenIndex(project);
+    const QString folder = m_window->FolderTemplates();
+    grid().Columns(2).setValue(u"typed"_s);
+    m_fixture->prompts.files = {m_fixture->path(u"new.mdb"_s)};
+    m_window->CreateIndex();
+    QCOMPARE(texts(), QStringList{u"Please save the data before refresh"_s});
+    QCOMPARE(m_window->FolderTemplates(), folder);
+    QCOMPARE(grid().Columns(2).Value().text(), u"typed"_s);
 }
 
 void TestOpening::creatingEndsInTheProjectInformation()

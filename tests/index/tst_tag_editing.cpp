@@ -57,6 +57,10 @@ private Q_SLOTS:
     void deletingTheLastTagLeavesAnEmptyGrid();
     void deletingTheFirstTagLeavesACurrentOne();
     void deletingOnTheNewRowDoesNothing();
+    void deletingAPendingNewTagDropsItAndNoOther();
+    void aTagRefusedTwiceLeavesTheOtherTagsDocumentsAlone();
+    void deletingARefusedRenameNamesTheStoredTag();
+    void aRefusedRenameTakesTheDatasheetFileBack();
     void aFailedDeletionIsTold();
     void aRecordGoneDuringTheQuestionIsTold();
     void theGridsDeletionTakesTheFileBeforeItAsks();
@@ -471,6 +475,65 @@ void TestTagEditing::deletingOnTheNewRowDoesNothing()
     m_index->startNewTag(QString());
     m_index->press(u"cmdDelete"_s);
     QCOMPARE(m_index->texts(), QStringList());
+}
+
+void TestTagEditing::deletingAPendingNewTagDropsItAndNoOther()
+{
+    m_index->goTo(u"FT-103"_s);
+    m_index->startNewTag(u"FT-900"_s);
+    m_index->prompts.answers = {toolkit::Answer::Yes};
+    m_index->press(u"cmdDelete"_s);
+    QCOMPARE(m_index->texts(), QStringList{u"Are you sure you want to delete tag FT-900?"_s});
+    QVERIFY(!m_index->grid().rowPending());
+    QCOMPARE(tests::ProgramFixture::value(m_index->project, u"select count(*) from [index]"_s),
+             u"3"_s);
+}
+
+void TestTagEditing::aTagRefusedTwiceLeavesTheOtherTagsDocumentsAlone()
+{
+    m_index->addDocument(u"P-1"_s, u"PID"_s);
+    m_index->addDocument(u"P-2"_s, u"PID"_s);
+    m_index->addTie(u"FT-101"_s, u"P-1"_s, u"PID"_s);
+    m_index->addTie(u"FT-102"_s, u"P-2"_s, u"PID"_s);
+    m_index->open(m_index->project);
+    m_index->goTo(u"FT-101"_s);
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        m_index->cell(column::tag).setValue(u"FT-102"_s);
+        QVERIFY(!m_index->grid().writeRow());
+        QCOMPARE(m_index->texts(),
+                 QStringList{u"Record cannot be saved due to duplication of the key"_s});
+    }
+    QCOMPARE(m_index->ties(u"FT-102"_s), QStringList{u"P-2/PID"_s});
+    QCOMPARE(m_index->ties(u"FT-101"_s), QStringList{u"P-1/PID"_s});
+}
+
+void TestTagEditing::deletingARefusedRenameNamesTheStoredTag()
+{
+    m_index->goTo(u"FT-101"_s);
+    m_index->cell(column::tag).setValue(u"FT-102"_s);
+    QVERIFY(!m_index->grid().writeRow());
+    m_index->texts();
+    m_index->cell(column::tag).setValue(u"FT-102"_s);
+    m_index->prompts.answers = {toolkit::Answer::Yes};
+    m_index->press(u"cmdDelete"_s);
+    QCOMPARE(m_index->texts(), QStringList{u"Are you sure you want to delete tag FT-101?"_s});
+    QCOMPARE(m_index->stored(u"FT-101"_s, u"Tag"_s), u"(none)"_s);
+    QCOMPARE(m_index->stored(u"FT-102"_s, u"Tag"_s), u"FT-102"_s);
+}
+
+void TestTagEditing::aRefusedRenameTakesTheDatasheetFileBack()
+{
+    const QString path = giveDatasheet(u"FT-101"_s, u"FT-101.xls"_s);
+    const QString tooLongForItsFileName(50, u'X');
+    m_index->cell(column::tag).setValue(tooLongForItsFileName);
+    QVERIFY(!m_index->grid().writeRow());
+    QCOMPARE(m_index->texts(),
+             QStringList{u"Record cannot be saved due to duplication of the key"_s});
+    QVERIFY(QFile::exists(path));
+    m_index->cell(column::tag).setValue(u"FT-109"_s);
+    QVERIFY(m_index->grid().writeRow());
+    QVERIFY(QFile::exists(m_index->path(u"sheets/FT-109.xls"_s)));
+    QCOMPARE(m_index->stored(u"FT-109"_s, u"DatasheetFileName"_s), u"FT-109.xls"_s);
 }
 
 void TestTagEditing::aFailedDeletionIsTold()

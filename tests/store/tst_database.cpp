@@ -37,6 +37,7 @@ private Q_SLOTS:
     void executingASelectIsRefused();
     void aReadScopeNestsAndEnds();
     void anotherProgramsLockIsTold();
+    void aReadingThatFailsLeavesNoTransactionBehind();
     void aFullDiskIsToldAndTheDatabaseStaysWhole();
 
     void aCopyIsWhole();
@@ -260,6 +261,19 @@ void TestDatabase::anotherProgramsLockIsTold()
     QVERIFY(!database.OpenRecordset(u"item"_s)->Eof());
     sqlite3_close(other);
     QCOMPARE(errorOf([&] { database.Execute(u"delete from tie"_s); }), 0);
+}
+
+void TestDatabase::aReadingThatFailsLeavesNoTransactionBehind()
+{
+    const Database database = m_file->open();
+    sqlite3* other = nullptr;
+    sqlite3_open(m_file->path().toUtf8().constData(), &other);
+    sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+    QCOMPARE(errorOf([&] { const auto scope = database.readScope(); }), errors::locked);
+    sqlite3_close(other);
+    database.Execute(u"insert into item (tag) values ('NEW')"_s);
+    m_file->run("INSERT INTO item (tag) VALUES ('THEIRS')");
+    QCOMPARE(database.OpenRecordset(u"select count(*) from item"_s)->Field(0).integer(), 5);
 }
 
 void TestDatabase::aFullDiskIsToldAndTheDatabaseStaysWhole()

@@ -29,6 +29,10 @@ private Q_SLOTS:
     void aNewRowTakesTheLastPlace();
     void addingDoesNotMoveTheCurrentRow();
     void aRefusedRowStaysInEdit();
+    void aRefusedUpdateForgetsWhatTheObserverAdded();
+    void aRowThatGotADeletedRowsKeyIsNotWritten();
+    void aNewRowWithADeletedRowsKeyTakesItsPlaceAway();
+    void aPendingNewRowCannotBeDeleted();
     void refusalsHaveTheirNumbers();
     void cancellingDropsTheEdit();
     void movingDropsTheEdit();
@@ -227,6 +231,65 @@ void TestRecordset::aRefusedRowStaysInEdit()
     rows->SetField(u"tag"_s, u"PT-3"_s);
     rows->Update();
     QCOMPARE(rows->knownRows(), 3);
+}
+
+void TestRecordset::aRefusedUpdateForgetsWhatTheObserverAdded()
+{
+    struct Grid : RecordsetObserver
+    {
+        void aboutToUpdate() override { records->SetField(u"tag"_s, tag); }
+        Recordset* records = nullptr;
+        QString tag;
+    } grid;
+    const auto rows = open(2);
+    grid.records = rows.get();
+    grid.tag = u"PT-00002"_s;
+    rows->setObserver(&grid);
+    rows->Edit();
+    rows->SetField(u"service"_s, u"by a handler"_s);
+    QCOMPARE(errorOf([&] { rows->Update(); }), errors::duplicateKey);
+    QCOMPARE(rows->Field(u"tag"_s).text(), u"PT-00001"_s);
+    QCOMPARE(rows->Field(u"service"_s).text(), u"by a handler"_s);
+}
+
+void TestRecordset::aRowThatGotADeletedRowsKeyIsNotWritten()
+{
+    // The last key of a table is given again.
+    const auto rows = open(2);
+    QCOMPARE(rows->Field(u"tag"_s).text(), u"PT-00001"_s);
+    rows->Edit();
+    rows->SetField(u"service"_s, u"for PT-00001"_s);
+    m_file->run("DELETE FROM item WHERE size = 1; INSERT INTO item VALUES ('OTHER', 'theirs', 9)");
+    QCOMPARE(errorOf([&] { rows->Update(); }), errors::recordDeleted);
+    rows->CancelUpdate();
+    const auto stored = m_file->open().OpenRecordset(u"select * from item where tag = 'OTHER'"_s);
+    QCOMPARE(stored->Field(u"service"_s).text(), u"theirs"_s);
+}
+
+void TestRecordset::aNewRowWithADeletedRowsKeyTakesItsPlaceAway()
+{
+    const auto rows = open(3);
+    rows->MoveLast();
+    m_file->run("DELETE FROM item WHERE size = 1");
+    rows->AddNew();
+    rows->SetField(u"tag"_s, u"ZZ"_s);
+    rows->Update();
+    QCOMPARE(rows->knownRows(), 3);
+    QCOMPARE(rows->Field(u"tag"_s).text(), u"PT-00003"_s);
+    QStringList tags;
+    for (int i = 0; i < rows->knownRows(); ++i)
+        tags << rows->row(i)->at(0).text();
+    QCOMPARE(tags, (QStringList{u"PT-00002"_s, u"PT-00003"_s, u"ZZ"_s}));
+}
+
+void TestRecordset::aPendingNewRowCannotBeDeleted()
+{
+    const auto rows = open(2);
+    rows->AddNew();
+    QCOMPARE(errorOf([&] { rows->Delete(); }), errors::noCurrentRecord);
+    QVERIFY(rows->editMode() == EditMode::Add);
+    rows->CancelUpdate();
+    QCOMPARE(rows->knownRows(), 2);
 }
 
 void TestRecordset::refusalsHaveTheirNumbers()
