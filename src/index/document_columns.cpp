@@ -9,6 +9,8 @@
 #include "toolkit/data_grid.h"
 #include "toolkit/prompts.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using ostrand::store::Error;
 
@@ -23,6 +25,15 @@ const QString deletedMark = u"**DELETED**"_s;
 QString text(const char16_t* literal)
 {
     return QString::fromUtf16(literal);
+}
+
+/// A failure of the file and not of the statement: the row's documents are not known, whereas a
+/// statement that a tag breaks finds none, now and later.
+bool isFileFailure(const Error& error)
+{
+    using namespace store::errors;
+    constexpr std::array numbers{locked, diskError, diskFull, damagedFile, fileNotFound};
+    return std::find(numbers.begin(), numbers.end(), error.number()) != numbers.end();
 }
 
 /// The order in which the window's lists are refreshed: datasheet, loop drawing, PID, purchase
@@ -74,6 +85,8 @@ void DocumentColumns::loadRow(store::RowMark row)
     try {
         fillCells(row);
     } catch (const Error& error) {
+        if (isFileFailure(error))
+            m_grid.loadingFailed(row);
         m_grid.runAfterLoading([error] {
             toolkit::showFailure(toolkit::formB(tr("Error while loading document info."), error));
         });

@@ -31,6 +31,7 @@ void DataDropDown::forget()
 {
     m_read = false;
     m_values.clear();
+    m_failure.reset();
 }
 
 QStringList DataDropDown::values()
@@ -39,11 +40,20 @@ QStringList DataDropDown::values()
         try {
             m_values = readValues();
             m_read = true;
-        } catch (const store::Error&) {
+            m_failure.reset();
+        } catch (const store::Error& error) {
+            m_failure = error;
             return {};
         }
     }
     return m_values;
+}
+
+std::optional<store::Error> DataDropDown::takeFailure()
+{
+    auto failure = m_failure;
+    m_failure.reset();
+    return failure;
 }
 
 QStringList DataDropDown::readValues() const

@@ -9,6 +9,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace ostrand::toolkit {
 
 /// A list of one or more fields of a data control's records, dropped from a cell of a grid. Its
@@ -27,6 +29,8 @@ public:
 
     /// The values offered, in the order of the recordset. Empty when the rows cannot be read.
     QStringList values();
+    /// What kept the last `values` from reading the rows. Told once.
+    std::optional<store::Error> takeFailure();
     /// Chooses a value: the current cell of the grid that the list hangs on takes it, and the row
     /// counts as changed.
     void setValue(const QString& text);
@@ -41,6 +45,7 @@ private:
     QPointer<DataControl> m_control;
     QString m_field;
     QStringList m_values;
+    std::optional<store::Error> m_failure;
     bool m_read = false;
 };
 

@@ -9,7 +9,9 @@
 #include "toolkit/grid_delegate.h"
 #include "toolkit/grid_layout.h"
 #include "toolkit/grid_model.h"
+#include "toolkit/grid_reading.h"
 #include "toolkit/grid_selection.h"
+#include "toolkit/prompts.h"
 #include "toolkit/record_header.h"
 #include "toolkit/row_buffer.h"
 #include "toolkit/twips.h"
@@ -24,10 +26,11 @@ namespace ostrand::toolkit {
 
 DataGrid::DataGrid(QWidget* parent)
     : QTableView(parent),
+      m_reading(std::make_unique<GridReading>([this] { viewport()->update(); })),
       m_buffer(std::make_unique<RowBuffer>()),
       m_unbound(std::make_unique<UnboundCells>()),
       m_guests(std::make_unique<UnboundCells>()),
-      m_model(new DataGridModel(*m_buffer, *m_unbound, this))
+      m_model(new DataGridModel(*m_buffer, *m_unbound, *m_reading, this))
 {
     makeHeaders();
     makeEditor();
@@ -52,6 +55,9 @@ DataGrid::DataGrid(QWidget* parent)
     m_keyReading.setSingleShot(true);
     m_keyReading.setInterval(0);
     connect(&m_keyReading, &QTimer::timeout, this, &DataGrid::readAllKeys);
+    m_actionTimer.setSingleShot(true);
+    m_actionTimer.setInterval(0);
+    connect(&m_actionTimer, &QTimer::timeout, this, &DataGrid::runNextAction);
 }
 
 DataGrid::~DataGrid()
@@ -69,16 +75,23 @@ void DataGrid::makeHeaders()
     connect(m_columnHeader, &QHeaderView::sectionClicked, this, &DataGrid::headerClicked);
     m_recordHeader = new RecordHeader(this, [this](int row) { return markerOf(row); });
     setVerticalHeader(m_recordHeader);
-    connect(m_recordHeader, &RecordHeader::rowPressed, this, &DataGrid::pressRow);
+    connect(m_recordHeader,
+            &RecordHeader::rowPressed,
+            this,
+            [this](int row, Qt::KeyboardModifiers modifiers) {
+                guarded([&] { pressRow(row, modifiers); });
+            });
     connect(m_recordHeader, &RecordHeader::rowDraggedTo, this, [this](int row) {
-        selectRows(m_anchorRow, row, QItemSelectionModel::ClearAndSelect);
+        guarded([&] { selectRows(m_anchorRow, row, QItemSelectionModel::ClearAndSelect); });
     });
     connect(m_recordHeader,
             &RecordHeader::released,
             this,
             [this](Qt::MouseButton button, Qt::KeyboardModifiers modifiers, QPoint position) {
                 const QPoint global = m_recordHeader->viewport()->mapToGlobal(position);
-                Q_EMIT mouseReleased(button, modifiers, viewport()->mapFromGlobal(global));
+                guarded([&] {
+                    Q_EMIT mouseReleased(button, modifiers, viewport()->mapFromGlobal(global));
+                });
             });
 }
 
@@ -86,17 +99,49 @@ void DataGrid::makeEditor()
 {
     m_editor = new CellEditor(viewport());
     m_list = new ValueList(this);
-    connect(m_editor, &CellEditor::changeStarted, this, &DataGrid::startRow);
-    connect(m_editor, &CellEditor::gridKey, this, &DataGrid::editorKey);
-    connect(m_editor, &CellEditor::keyTyped, this, &DataGrid::keyTyped);
-    connect(m_editor, &CellEditor::deletePressed, this, &DataGrid::deletePressed);
-    connect(m_editor, &CellEditor::left, this, &DataGrid::acceptEditor);
+    connectEditor();
+    connect(m_list, &ValueList::picked, this, [this](const QString& value) {
+        guarded([&] { pick(value); });
+    });
+}
+
+void DataGrid::connectEditor()
+{
+    connect(m_editor, &CellEditor::changeStarted, this, [this] { guarded([&] { startRow(); }); });
+    connect(m_editor, &CellEditor::gridKey, this, [this](QKeyEvent* event, bool& handled) {
+        // A key whose handling failed is not for the line either.
+        handled = true;
+        guarded([&] { editorKey(event, handled); });
+    });
+    connect(m_editor, &CellEditor::keyTyped, this, [this](int& code) {
+        guarded([&] { Q_EMIT keyTyped(code); });
+    });
+    connect(m_editor, &CellEditor::deletePressed, this, [this](bool& handled) {
+        guarded([&] { Q_EMIT deletePressed(handled); });
+    });
+    connect(m_editor, &CellEditor::left, this, [this] { guarded([&] { acceptEditor(); }); });
     connect(m_editor, &QLineEdit::textEdited, this, [this](const QString& text) {
         scrollTo(m_editorCell);
         if (m_list->isVisible())
             m_list->filter(text);
     });
-    connect(m_list, &ValueList::picked, this, &DataGrid::pick);
+}
+
+void DataGrid::guarded(const std::function<void()>& action)
+{
+    try {
+        action();
+    } catch (const store::Error& error) {
+        tellFailure(error);
+    }
+}
+
+void DataGrid::tellFailure(const store::Error& error)
+{
+    // The box has the grid painted, which is not to wait for the same file once more.
+    if (error.number() == store::errors::locked)
+        m_reading->noteFailure(true);
+    showFailure(error.description());
 }
 
 /// Rows are as high as a line of text needs, columns keep their proportion to it.
@@ -181,7 +226,7 @@ void DataGrid::copyCurrentCell() const
 {
     const QModelIndex cell = currentIndex();
     if (cell.isValid())
-        QGuiApplication::clipboard()->setText(cell.data(Qt::EditRole).toString());
+        QGuiApplication::clipboard()->setText(m_model->text(cell));
 }
 
 void DataGrid::setSortMark(int column)
@@ -211,8 +256,12 @@ void DataGrid::keepLayoutAs(const QString& key)
 
 RecordMarker DataGrid::markerOf(int row) const
 {
-    if (m_model->isUnderEdit(row))
-        return RecordMarker::Edited;
+    try {
+        if (m_model->isUnderEdit(row))
+            return RecordMarker::Edited;
+    } catch (const store::Error&) {
+        return RecordMarker::None; // the recordset was closed
+    }
     if (row == m_model->newRow())
         return RecordMarker::New;
     return row == currentIndex().row() ? RecordMarker::Current : RecordMarker::None;

@@ -11,6 +11,7 @@
 #include <QTableView>
 #include <QTimer>
 
+#include <deque>
 #include <functional>
 #include <map>
 #include <memory>
@@ -25,6 +26,7 @@ class DataControl;
 class DataDropDown;
 class DataGridModel;
 class GridLayout;
+class GridReading;
 class GridSelection;
 class RecordHeader;
 class RowBuffer;
@@ -112,8 +114,14 @@ public:
     bool isEditingHere() const;
 
     /// Runs `action` when the rows being loaded are shown: a `rowLoaded` handler must not open a
-    /// window by itself, as it may run while the grid paints.
+    /// window by itself, as it may run while the grid paints. Actions run one after the other,
+    /// each when the one before has returned. A row that is loaded anew while it stays in display
+    /// has none run again.
     void runAfterLoading(std::function<void()> action);
+    /// To be called by a `rowLoaded` handler that could not read the file: the row does not count
+    /// as loaded. It is tried again after a while, and is not edited before it is loaded, since
+    /// its empty cells would be written as such.
+    void loadingFailed(store::RowMark mark);
 
     /// Keeps column widths and order in the settings under this key; reads what is there. To be
     /// called when all columns are added.
@@ -127,7 +135,8 @@ Q_SIGNALS:
     void beforeDelete(bool& cancel, bool& prompt);
     void beforeColumnUpdate(int column, bool& cancel);
     void headerClicked(int column);
-    /// A row comes into display: the handler fills its unbound cells with `setCellValue`.
+    /// A row comes into display, or its edit starts: the handler fills its unbound cells with
+    /// `setCellValue`.
     void rowLoaded(ostrand::store::RowMark mark);
     void cellButtonClicked(int column);
     /// A key with a character code (Backspace has 8); a handler that sets the code to 0 discards
@@ -166,7 +175,11 @@ private:
     // ---- making (data_grid.cpp)
     void makeHeaders();
     void makeEditor();
+    void connectEditor();
     void fitToFont();
+    /// Runs what an event asks for, and tells its failure: none may cross the event loop.
+    void guarded(const std::function<void()>& action);
+    void tellFailure(const store::Error& error);
     RecordMarker markerOf(int row) const;
 
     // ---- columns (grid_column.cpp)
@@ -179,6 +192,7 @@ private:
     // ---- following the recordset (grid_records.cpp)
     void takeNewRecordset();
     void followRecordset();
+    void followPosition(store::Recordset& records);
     void followEditMode();
     void takeInsertedRecord(int position);
     void takeRemovedRecord(int position);
@@ -187,16 +201,25 @@ private:
     void standOnCurrentRow();
     void leaveDeletedPlace();
     void readAllKeys();
+    store::Recordset* recordset() const;
+
+    // ---- unbound cells (grid_loading.cpp)
     void loadVisibleRows();
+    void showRowsOf(store::Recordset& records);
     void loadRows(const std::vector<store::RowMark>& marks);
     void loadRow(store::RowMark mark);
+    void emitRowLoaded(store::RowMark mark);
+    std::optional<store::Error> loadForEdit(store::RowMark mark);
+    bool isReadyToWrite();
     void loadRowOnDemand(store::RowMark mark);
     void pinRowUnderEdit();
-    store::Recordset* recordset() const;
+    void runNextAction();
 
     // ---- the row under edit (grid_row.cpp)
     bool startRow();
     void dropBuffer();
+    bool isUnchanged() const;
+    void dropUnchangedRow();
     bool leaveRow();
     bool settleOtherRow();
     bool mayLeave(const QModelIndex& target);
@@ -210,6 +233,7 @@ private:
     bool openEditor();
     void placeEditor();
     bool acceptEditor();
+    bool isNewText(const QModelIndex& cell, const QString& text) const;
     void discardEditor();
     bool acceptValue(int column, const store::Value& value);
     void typeOnCell(const QKeyEvent& event);
@@ -234,11 +258,13 @@ private:
     int pageRows() const;
 
     // ---- the mouse and selected rows (grid_mouse.cpp)
+    void press(const QMouseEvent* event);
     void pressRow(int row, Qt::KeyboardModifiers modifiers);
     void selectRows(int from, int to, QItemSelectionModel::SelectionFlags command);
     void clearRows();
 
     QPointer<DataControl> m_control;
+    std::unique_ptr<GridReading> m_reading;
     std::unique_ptr<RowBuffer> m_buffer;
     std::unique_ptr<UnboundCells> m_unbound; ///< of the rows in display
     std::unique_ptr<UnboundCells> m_guests;  ///< of rows asked for otherwise, until the next event
@@ -251,6 +277,8 @@ private:
     std::unique_ptr<GridLayout> m_layout;
     std::map<int, QPointer<DataDropDown>> m_dropDowns;
     QTimer m_keyReading;
+    QTimer m_actionTimer;
+    std::deque<std::function<void()>> m_actions; ///< to run after loading
     QPersistentModelIndex m_editorCell;
     QPersistentModelIndex m_pressedCell;
     int m_anchorRow = 0;
@@ -262,6 +290,7 @@ private:
     bool m_following = false;
     bool m_deletedBefore = false;
     bool m_setByCode = false;
+    bool m_acting = false;
 };
 
 } // namespace ostrand::toolkit

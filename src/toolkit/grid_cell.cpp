@@ -36,9 +36,10 @@ bool DataGrid::openEditor()
     const QModelIndex cell = currentIndex();
     if (!cell.isValid() || !recordset() || m_model->isGone(cell.row()))
         return false;
+    const QString text = m_model->text(cell);
     scrollTo(cell);
     m_editorCell = cell;
-    m_editor->start(cell.data(Qt::EditRole).toString());
+    m_editor->start(text);
     placeEditor();
     m_editor->show();
     m_editor->setFocus();
@@ -83,11 +84,23 @@ bool DataGrid::acceptEditor()
     if (!isEditorOpen())
         return true;
     const int column = m_editorCell.column();
-    const QString before = m_model->value(m_editorCell.row(), column).text();
     const QString text = m_editor->text();
-    const bool changed = m_editor->isChanged() && text != before;
+    const bool changed = m_editor->isChanged() && isNewText(m_editorCell, text);
     discardEditor();
-    return !changed || acceptValue(column, text);
+    if (changed)
+        return acceptValue(column, text);
+    dropUnchangedRow();
+    return true;
+}
+
+/// What was typed counts as new where the value before cannot be read: it is not to get lost.
+bool DataGrid::isNewText(const QModelIndex& cell, const QString& text) const
+{
+    try {
+        return m_model->value(cell.row(), cell.column()).text() != text;
+    } catch (const store::Error&) {
+        return true;
+    }
 }
 
 bool DataGrid::acceptValue(int column, const store::Value& value)
@@ -106,6 +119,8 @@ bool DataGrid::acceptValue(int column, const store::Value& value)
             m_buffer->drop(column);
     }
     m_model->showRowAgain(m_model->rowUnderEdit());
+    if (cancel)
+        dropUnchangedRow();
     return !cancel;
 }
 
@@ -139,11 +154,7 @@ void DataGrid::deleteOnCell()
     if (handled || !cell.isValid())
         return;
     if (m_selection->hasSelection()) {
-        try {
-            DeleteSelected();
-        } catch (const store::Error& error) {
-            showFailure(error.description());
-        }
+        DeleteSelected();
     } else if (settleOtherRow() && !m_model->isGone(cell.row())
                && !columnValue(cell.column()).isNullOrEmpty()) {
         acceptValue(cell.column(), QString());
@@ -187,10 +198,11 @@ void DataGrid::pick(const QString& value)
     const QModelIndex cell = m_editorCell;
     if (!cell.isValid())
         return;
-    const bool same = m_model->value(cell.row(), cell.column()).text() == value;
+    const int column = cell.column();
+    const bool same = !isNewText(cell, value);
     discardEditor();
-    if (same || acceptValue(cell.column(), value))
-        Q_EMIT dropDownPicked(cell.column());
+    if (same || acceptValue(column, value))
+        Q_EMIT dropDownPicked(column);
 }
 
 // ---- the button
@@ -212,7 +224,9 @@ void DataGrid::dropList()
     if (!dropDown || !openEditor())
         return;
     const QStringList values = dropDown->values();
-    if (values.isEmpty())
+    if (const auto failure = dropDown->takeFailure())
+        tellFailure(*failure);
+    if (values.isEmpty() || !isEditorOpen())
         return;
     const QRect cell = visualRect(m_editorCell);
     m_list->drop(

@@ -36,12 +36,14 @@ bool dropsList(const QKeyEvent& event)
 void DataGrid::keyPressEvent(QKeyEvent* event)
 {
     event->accept();
-    if (commandKey(event) || moveKey(event))
-        return;
-    if (characterOf(*event) != 0)
-        typeOnCell(*event);
-    else
-        event->ignore();
+    guarded([&] {
+        if (commandKey(event) || moveKey(event))
+            return;
+        if (characterOf(*event) != 0)
+            typeOnCell(*event);
+        else
+            event->ignore();
+    });
 }
 
 bool DataGrid::commandKey(QKeyEvent* event)
@@ -80,6 +82,7 @@ bool DataGrid::leaveEditorKey(QKeyEvent* event)
     const int key = event->key();
     if (key == Qt::Key_Escape) {
         discardEditor();
+        dropUnchangedRow();
         return true;
     }
     if (dropsList(*event)) {
@@ -224,12 +227,14 @@ bool DataGrid::stepCells(int step)
 
 void DataGrid::inputMethodEvent(QInputMethodEvent* event)
 {
-    if (!isEditorOpen()) {
-        if (!openEditor())
-            return;
-        m_editor->selectAll();
-    }
-    QCoreApplication::sendEvent(m_editor, event);
+    guarded([&] {
+        if (!isEditorOpen()) {
+            if (!openEditor())
+                return;
+            m_editor->selectAll();
+        }
+        QCoreApplication::sendEvent(m_editor, event);
+    });
 }
 
 // ---- the view's own business

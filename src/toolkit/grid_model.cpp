@@ -3,6 +3,7 @@
 #include "toolkit/grid_model.h"
 
 #include "toolkit/data_control.h"
+#include "toolkit/grid_reading.h"
 #include "toolkit/row_buffer.h"
 
 #include <algorithm>
@@ -29,10 +30,14 @@ QString oneLine(const QString& text)
 
 } // namespace
 
-DataGridModel::DataGridModel(const RowBuffer& buffer, const UnboundCells& unbound, QObject* parent)
+DataGridModel::DataGridModel(const RowBuffer& buffer,
+                             const UnboundCells& unbound,
+                             GridReading& reading,
+                             QObject* parent)
     : QAbstractTableModel(parent),
       m_buffer(buffer),
-      m_unbound(unbound)
+      m_unbound(unbound),
+      m_reading(reading)
 {
 }
 
@@ -43,6 +48,13 @@ void DataGridModel::addColumn(const GridColumn& column)
     m_columns.push_back(column);
     m_fields.push_back(-1);
     endInsertColumns();
+}
+
+bool DataGridModel::hasUnboundColumns() const
+{
+    return std::any_of(m_columns.begin(), m_columns.end(), [](const GridColumn& column) {
+        return column.field.isEmpty();
+    });
 }
 
 void DataGridModel::setCaption(int number, const QString& caption)
@@ -79,6 +91,18 @@ bool DataGridModel::wantsNewRow() const
 void DataGridModel::reload()
 {
     beginResetModel();
+    try {
+        readShape();
+    } catch (const store::Error&) {
+        m_records = 0;
+        m_hasNewRow = false;
+        std::fill(m_fields.begin(), m_fields.end(), -1);
+    }
+    endResetModel();
+}
+
+void DataGridModel::readShape()
+{
     const store::Recordset* records = recordset();
     m_records = records ? records->knownRows() : 0;
     m_hasNewRow = wantsNewRow();
@@ -86,7 +110,6 @@ void DataGridModel::reload()
         const QString& field = m_columns[i].field;
         m_fields[i] = records && !field.isEmpty() ? records->FieldIndex(field) : -1;
     }
-    endResetModel();
 }
 
 void DataGridModel::takeNewRecords()
@@ -144,7 +167,7 @@ bool DataGridModel::isUnderEdit(int row) const
 std::optional<store::RowMark> DataGridModel::markOf(int row) const
 {
     const store::Recordset* records = recordset();
-    if (!records || row < 0 || row >= std::min(m_records, records->knownRows()))
+    if (!records || !isRecord(row) || row >= records->knownRows())
         return std::nullopt;
     return records->markAt(row);
 }
@@ -197,15 +220,30 @@ int DataGridModel::columnCount(const QModelIndex& parent) const
     return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
 }
 
+QString DataGridModel::text(const QModelIndex& cell) const
+{
+    if (isGone(cell.row()))
+        return tr("#Deleted");
+    return value(cell.row(), cell.column()).text();
+}
+
+/// Asked for while painting: a file that cannot be read just now leaves the cells empty, but for
+/// those that were typed.
 QString DataGridModel::cellText(const QModelIndex& index) const
 {
-    // Asked for while painting: a file that cannot be read just now leaves the cells empty.
+    QString shown;
+    if (m_reading.attempt([&] { shown = text(index); }))
+        return shown;
+    return typedText(index);
+}
+
+QString DataGridModel::typedText(const QModelIndex& index) const
+{
+    const store::Value* typed = m_buffer.cell(index.column());
     try {
-        if (isGone(index.row()))
-            return tr("#Deleted");
-        return value(index.row(), index.column()).text();
+        return typed && isUnderEdit(index.row()) ? typed->text() : QString();
     } catch (const store::Error&) {
-        return {};
+        return {}; // a closed recordset has no rows to be under edit
     }
 }
 

@@ -12,6 +12,7 @@
 
 namespace ostrand::toolkit {
 
+class GridReading;
 class UnboundCells;
 
 /// The rows of a data control as a table: the records whose keys are known, and behind them the
@@ -21,11 +22,15 @@ class DataGridModel final : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    DataGridModel(const RowBuffer& buffer, const UnboundCells& unbound, QObject* parent);
+    DataGridModel(const RowBuffer& buffer,
+                  const UnboundCells& unbound,
+                  GridReading& reading,
+                  QObject* parent);
 
     void addColumn(const GridColumn& column);
     const GridColumn& column(int number) const { return m_columns[static_cast<size_t>(number)]; }
     bool isUnbound(int number) const { return column(number).field.isEmpty(); }
+    bool hasUnboundColumns() const;
     /// The field's place in the recordset, -1 where it has no such field.
     int fieldIndex(int number) const { return m_fields[static_cast<size_t>(number)]; }
     void setCaption(int number, const QString& caption);
@@ -34,6 +39,7 @@ public:
     void setAllowAddNew(bool allow);
 
     // ---- what happens in the recordset
+    /// Begins anew with the rows of the recordset; one that is closed has none.
     void reload();
     void takeNewRecords();
     /// A new record; `ahead` pushes the new-record row down, otherwise the new-record row itself
@@ -56,6 +62,8 @@ public:
     bool isGone(int row) const;
 
     store::Value value(int row, int column) const;
+    /// The whole text of a cell, as it is edited and copied. Raises what keeps it from being read.
+    QString text(const QModelIndex& cell) const;
     /// The value in the row under edit, also where no row of the grid shows it.
     store::Value editedValue(int column) const;
 
@@ -70,9 +78,12 @@ private:
     bool wantsNewRow() const;
     store::Value storedValue(int row, int column) const;
     QString cellText(const QModelIndex& index) const;
+    QString typedText(const QModelIndex& index) const;
+    void readShape();
 
     const RowBuffer& m_buffer;
     const UnboundCells& m_unbound;
+    GridReading& m_reading;
     QPointer<DataControl> m_control;
     std::vector<GridColumn> m_columns;
     std::vector<int> m_fields;

@@ -17,6 +17,12 @@ namespace ostrand::toolkit {
 
 void DataGrid::mousePressEvent(QMouseEvent* event)
 {
+    event->accept();
+    guarded([&] { press(event); });
+}
+
+void DataGrid::press(const QMouseEvent* event)
+{
     const QPoint position = event->position().toPoint();
     const QModelIndex cell = indexAt(position);
     m_pressedCell = cell;
@@ -35,7 +41,6 @@ void DataGrid::mousePressEvent(QMouseEvent* event)
                && !m_selection->hasSelection()) {
         m_selection->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
     }
-    event->accept();
 }
 
 /// Cells are not selected by dragging over them.
@@ -48,9 +53,11 @@ void DataGrid::mouseReleaseEvent(QMouseEvent* event)
 {
     const QPoint position = event->position().toPoint();
     const QModelIndex cell = indexAt(position);
-    if (event->button() == Qt::LeftButton && cell.isValid() && cell == m_pressedCell)
-        Q_EMIT clicked(cell);
-    Q_EMIT mouseReleased(event->button(), event->modifiers(), position);
+    guarded([&] {
+        if (event->button() == Qt::LeftButton && cell.isValid() && cell == m_pressedCell)
+            Q_EMIT clicked(cell);
+        Q_EMIT mouseReleased(event->button(), event->modifiers(), position);
+    });
 }
 
 void DataGrid::mouseDoubleClickEvent(QMouseEvent* event)
@@ -63,16 +70,20 @@ void DataGrid::mouseDoubleClickEvent(QMouseEvent* event)
     const bool onButton =
         cellButton(cell.column()) != CellButton::None
         && GridDelegate::buttonRect(visualRect(cell)).contains(event->position().toPoint());
-    if (!onButton)
-        openEditor();
-    Q_EMIT doubleClicked(cell);
+    guarded([&] {
+        if (!onButton)
+            openEditor();
+        Q_EMIT doubleClicked(cell);
+    });
 }
 
 void DataGrid::contextMenuEvent(QContextMenuEvent* event)
 {
     event->accept();
-    if (event->reason() == QContextMenuEvent::Keyboard)
-        Q_EMIT mouseReleased(Qt::RightButton, {}, visualRect(currentIndex()).center());
+    if (event->reason() != QContextMenuEvent::Keyboard)
+        return;
+    guarded(
+        [&] { Q_EMIT mouseReleased(Qt::RightButton, {}, visualRect(currentIndex()).center()); });
 }
 
 // ---- selected rows

@@ -5,15 +5,14 @@
 #include "toolkit/data_control.h"
 #include "toolkit/data_grid.h"
 #include "toolkit/grid_model.h"
+#include "toolkit/grid_reading.h"
 #include "toolkit/grid_selection.h"
 #include "toolkit/record_header.h"
 #include "toolkit/row_buffer.h"
 
-#include <QPaintEvent>
 #include <QScopedValueRollback>
 
 #include <algorithm>
-#include <set>
 
 namespace ostrand::toolkit {
 
@@ -41,7 +40,16 @@ void DataGrid::followRecordset()
     store::Recordset* records = recordset();
     if (!records || m_starting)
         return;
-    const int position = records->AbsolutePosition();
+    try {
+        followPosition(*records);
+    } catch (const store::Error&) {
+        // Whoever moved the recordset did so; the grid catches up with its next move.
+    }
+}
+
+void DataGrid::followPosition(store::Recordset& records)
+{
+    const int position = records.AbsolutePosition();
     const int column = std::max(0, currentIndex().column());
     if (position >= 0) {
         m_deletedBefore = false;
@@ -49,11 +57,11 @@ void DataGrid::followRecordset()
         if (m_buffer->isActive() && m_model->rowUnderEdit() != position)
             dropBuffer();
         m_selection->place(m_model->index(position, column));
-    } else if (records->knownRows() == 0) {
+    } else if (records.knownRows() == 0) {
         m_selection->place(m_model->index(0, column));
-    } else if (m_deletedBefore && records->Bof()) {
+    } else if (m_deletedBefore && records.Bof()) {
         m_deletedBefore = false;
-        records->MoveFirst();
+        records.MoveFirst();
     } else {
         QTimer::singleShot(0, this, &DataGrid::leaveDeletedPlace);
     }
@@ -63,20 +71,22 @@ void DataGrid::followRecordset()
 /// that the grid shows as the current one.
 void DataGrid::leaveDeletedPlace()
 {
-    const store::Recordset* records = recordset();
-    if (records && records->AbsolutePosition() < 0)
-        standOnCurrentRow();
+    m_reading->attempt([this] {
+        const store::Recordset* records = recordset();
+        if (records && records->AbsolutePosition() < 0)
+            standOnCurrentRow();
+    });
 }
 
 void DataGrid::standOnCurrentRow()
 {
     store::Recordset* records = recordset();
     const int row = currentIndex().row();
-    if (!records || m_following || rowPending() || !m_model->isRecord(row)
-        || records->AbsolutePosition() == row)
+    if (!records || m_following || rowPending() || !m_model->isRecord(row))
         return;
     try {
-        records->SetAbsolutePosition(row);
+        if (records->AbsolutePosition() != row)
+            records->SetAbsolutePosition(row);
     } catch (const store::Error&) {
         // The row is not there any more; the next move of either finds its place.
         followRecordset();
@@ -121,8 +131,10 @@ void DataGrid::followEditMode()
 /// Code may write the row by itself; what was typed or set in the grid goes along.
 void DataGrid::flushBuffer()
 {
-    if (!m_writing)
+    if (!m_writing) {
+        const QScopedValueRollback guard(m_writing, true);
         acceptEditor();
+    }
     store::Recordset* records = recordset();
     for (const auto& [column, value] : m_buffer->cells()) {
         if (m_model->fieldIndex(column) >= 0)
@@ -163,87 +175,8 @@ void DataGrid::readAllKeys()
 {
     if (!recordset())
         return;
-    try {
-        recordset()->readAllKeys();
-    } catch (const store::Error&) {
-        // The rows known so far stay; the next scroll to their end tries again.
-    }
-}
-
-// ---- unbound cells
-
-void DataGrid::paintEvent(QPaintEvent* event)
-{
-    loadVisibleRows();
-    QTableView::paintEvent(event);
-}
-
-void DataGrid::loadVisibleRows()
-{
-    store::Recordset* records = recordset();
-    if (!records || m_loading > 0)
-        return;
-    const int known = std::min(m_model->recordCount(), records->knownRows());
-    const int lowest = rowAt(viewport()->height() - 1);
-    const int first = std::max(0, rowAt(0));
-    const int last = (lowest < 0 ? known : std::min(lowest + 1, known)) - 1;
-    std::set<qint64> shown;
-    std::vector<store::RowMark> missing;
-    for (int row = first; row <= last; ++row) {
-        const store::RowMark mark = records->markAt(row);
-        shown.insert(mark.key);
-        if (!m_unbound->has(mark))
-            missing.push_back(mark);
-    }
-    if (m_buffer->kind() == RowBuffer::Kind::Edit)
-        shown.insert(m_buffer->mark().key);
-    m_unbound->keepOnly(shown);
-    loadRows(missing);
-    if (last >= 0)
-        records->visit(last);
-    if (!records->allKeysRead())
-        m_keyReading.start();
-}
-
-void DataGrid::loadRows(const std::vector<store::RowMark>& marks)
-{
-    if (marks.empty())
-        return;
-    try {
-        const auto scope = m_control->Database().readScope();
-        for (const store::RowMark mark : marks)
-            loadRow(mark);
-    } catch (const store::Error&) {
-        // The file cannot be read just now. The cells stay empty until the rows come up again.
-    }
-}
-
-void DataGrid::loadRow(store::RowMark mark)
-{
-    const QScopedValueRollback guard(m_loading, m_loading + 1);
-    m_unbound->begin(mark);
-    Q_EMIT rowLoaded(mark);
-}
-
-void DataGrid::pinRowUnderEdit()
-{
-    if (m_buffer->kind() == RowBuffer::Kind::Edit && !m_unbound->has(m_buffer->mark()))
-        loadRow(m_buffer->mark());
-}
-
-void DataGrid::loadRowOnDemand(store::RowMark mark)
-{
-    if (m_unbound->has(mark) || m_guests->has(mark))
-        return;
-    const QScopedValueRollback guard(m_loading, m_loading + 1);
-    m_guests->begin(mark);
-    Q_EMIT rowLoaded(mark);
-    QTimer::singleShot(0, this, [this] { m_guests->clear(); });
-}
-
-void DataGrid::runAfterLoading(std::function<void()> action)
-{
-    QTimer::singleShot(0, this, std::move(action));
+    // When that fails the rows known so far stay; the next painting tries again.
+    m_reading->attempt([this] { recordset()->readAllKeys(); });
 }
 
 } // namespace ostrand::toolkit

@@ -29,7 +29,22 @@ DataControl::Action actionOf(RowBuffer::Kind kind)
 
 bool DataGrid::rowPending() const
 {
-    return m_buffer->isActive() || (m_control && m_control->EditMode() != store::EditMode::None);
+    return !isUnchanged()
+           && (m_buffer->isActive()
+               || (m_control && m_control->EditMode() != store::EditMode::None));
+}
+
+/// True for a row whose edit the user started, when every change was taken back again.
+bool DataGrid::isUnchanged() const
+{
+    return m_buffer->startedByGrid() && m_buffer->cells().empty()
+           && !(isEditorOpen() && m_editor->isChanged());
+}
+
+void DataGrid::dropUnchangedRow()
+{
+    if (isUnchanged() && !m_writing)
+        cancelRow();
 }
 
 /// Begins an edit of the current row, where none is pending. True when there is a row under edit.
@@ -43,10 +58,16 @@ bool DataGrid::startRow()
     if (!recordset() || (!isNew && !mark))
         return false;
     standOnCurrentRow();
+    if (mark) {
+        if (const auto failure = loadForEdit(*mark)) {
+            discardEditor();
+            tellFailure(*failure);
+            return false;
+        }
+    }
     m_buffer->begin(isNew ? RowBuffer::Kind::Add : RowBuffer::Kind::Edit,
                     mark.value_or(store::RowMark()),
                     true);
-    pinRowUnderEdit();
     {
         const QScopedValueRollback guard(m_starting, true);
         m_control->startEdit(actionOf(m_buffer->kind()));
@@ -71,23 +92,25 @@ void DataGrid::dropBuffer()
 void DataGrid::cancelRow()
 {
     discardEditor();
+    if (m_buffer->kind() == RowBuffer::Kind::Edit)
+        m_unbound->expire(m_buffer->mark());
     if (m_control)
         m_control->cancelEdit();
     dropBuffer();
+    viewport()->update();
 }
 
 bool DataGrid::mayLeave(const QModelIndex& target)
 {
-    return target.row() == currentIndex().row() ? acceptEditor() : leaveRow();
+    bool may = false;
+    guarded([&] { may = target.row() == currentIndex().row() ? acceptEditor() : leaveRow(); });
+    return may;
 }
 
 bool DataGrid::leaveRow()
 {
     if (!acceptEditor())
         return false;
-    // Every change was taken back again: there is nothing to write.
-    if (m_buffer->startedByGrid() && m_buffer->cells().empty())
-        cancelRow();
     if (writeRow())
         return true;
     const int row = m_model->rowUnderEdit();
@@ -107,6 +130,8 @@ bool DataGrid::writeRow()
 {
     if (m_writing || !acceptEditor())
         return false;
+    // Every change was taken back again: there is nothing to write.
+    dropUnchangedRow();
     if (!rowPending())
         return true;
     const QScopedValueRollback guard(m_writing, true);
@@ -115,6 +140,8 @@ bool DataGrid::writeRow()
 
 bool DataGrid::writePendingRow()
 {
+    if (!isReadyToWrite())
+        return false;
     // What kept the edit from starting, another program's lock perhaps, may be over.
     if (m_control->EditMode() == store::EditMode::None) {
         const QScopedValueRollback guard(m_starting, true);

@@ -18,10 +18,28 @@ const store::Value* RowBuffer::cell(int column) const
     return found == m_cells.end() ? nullptr : &found->second;
 }
 
+bool UnboundCells::has(store::RowMark mark) const
+{
+    const auto row = m_rows.find(mark.key);
+    return row != m_rows.end() && row->second.loaded;
+}
+
+void UnboundCells::expire(store::RowMark mark)
+{
+    if (const auto row = m_rows.find(mark.key); row != m_rows.end())
+        row->second.loaded = false;
+}
+
+void UnboundCells::unload(store::RowMark mark)
+{
+    if (const auto row = m_rows.find(mark.key); row != m_rows.end())
+        row->second = {};
+}
+
 void UnboundCells::set(store::RowMark mark, int column, const store::Value& value)
 {
     if (const auto row = m_rows.find(mark.key); row != m_rows.end())
-        row->second[column] = value;
+        row->second.cells[column] = value;
 }
 
 store::Value UnboundCells::value(store::RowMark mark, int column) const
@@ -29,8 +47,8 @@ store::Value UnboundCells::value(store::RowMark mark, int column) const
     const auto row = m_rows.find(mark.key);
     if (row == m_rows.end())
         return {};
-    const auto cell = row->second.find(column);
-    return cell == row->second.end() ? store::Value() : cell->second;
+    const auto cell = row->second.cells.find(column);
+    return cell == row->second.cells.end() ? store::Value() : cell->second;
 }
 
 void UnboundCells::keepOnly(const std::set<qint64>& keys)

@@ -45,8 +45,15 @@ private:
 class UnboundCells
 {
 public:
-    bool has(store::RowMark mark) const { return m_rows.contains(mark.key); }
-    void begin(store::RowMark mark) { m_rows[mark.key].clear(); }
+    /// True for a row whose cells are loaded.
+    bool has(store::RowMark mark) const;
+    /// True also for a row whose loading failed, or whose cells are to be loaded anew.
+    bool isKnown(store::RowMark mark) const { return m_rows.contains(mark.key); }
+    void begin(store::RowMark mark) { m_rows[mark.key] = {.loaded = true, .cells = {}}; }
+    /// The cells show what they did until they are loaded anew.
+    void expire(store::RowMark mark);
+    /// The cells could not be loaded.
+    void unload(store::RowMark mark);
     /// Does nothing for a row that was not begun.
     void set(store::RowMark mark, int column, const store::Value& value);
     store::Value value(store::RowMark mark, int column) const;
@@ -55,7 +62,13 @@ public:
     void clear() { m_rows.clear(); }
 
 private:
-    std::map<qint64, std::map<int, store::Value>> m_rows;
+    struct Row
+    {
+        bool loaded = false;
+        std::map<int, store::Value> cells;
+    };
+
+    std::map<qint64, Row> m_rows;
 };
 
 } // namespace ostrand::toolkit

@@ -261,7 +261,19 @@ private Q_SLOTS:
         QCOMPARE(f.stored(u"select service from item where tag = 'PT-00002'"_s), u"steam"_s);
     }
 
-    void onlyChangedCellsAreWrittenAndFieldsSetByHandlersStay()
+    void onlyChangedCellsAreWritten()
+    {
+        GridFixture f;
+        f.show();
+        f.goTo(0, GridFixture::Service);
+        f.type(u"steam"_s);
+        f.file.run("UPDATE item SET size = 9 WHERE tag = 'PT-00001'");
+        QVERIFY(f.grid.writeRow());
+        QCOMPARE(f.stored(u"select service from item where tag = 'PT-00001'"_s), u"steam"_s);
+        QCOMPARE(f.stored(u"select size from item where tag = 'PT-00001'"_s), u"9"_s);
+    }
+
+    void fieldsSetByHandlersAreWrittenAlong()
     {
         GridFixture f;
         f.show();
@@ -270,10 +282,8 @@ private Q_SLOTS:
         });
         f.goTo(0, GridFixture::Service);
         f.type(u"steam"_s);
-        f.file.run("UPDATE item SET tag = 'PT-X' WHERE tag = 'PT-00001'");
         QVERIFY(f.grid.writeRow());
-        QCOMPARE(f.stored(u"select service from item where tag = 'PT-X'"_s), u"steam"_s);
-        QCOMPARE(f.stored(u"select size from item where tag = 'PT-X'"_s), u"77"_s);
+        QCOMPARE(f.stored(u"select size from item where tag = 'PT-00001'"_s), u"77"_s);
     }
 
     void escapeTakesBackTheCellThenTheRow()
@@ -308,6 +318,47 @@ private Q_SLOTS:
         QCOMPARE(f.row(), 4);
         QVERIFY(!f.grid.rowPending());
         QCOMPARE(before, 0);
+    }
+
+    void oneEscapeEndsAnEditWithNoOtherChange()
+    {
+        GridFixture f;
+        f.show();
+        int before = 0;
+        connect(&f.grid, &DataGrid::beforeUpdate, this, [&] { ++before; });
+        f.goTo(0, GridFixture::Service);
+        f.type(u"steam"_s);
+        f.press(Qt::Key_Escape);
+        QVERIFY(!f.grid.rowPending());
+        QCOMPARE(f.control.EditMode(), EditMode::None);
+        QVERIFY(f.grid.writeRow());
+        QCOMPARE(before, 0);
+        QCOMPARE(errorOf([&] { f.control.Refresh(); }), 0);
+    }
+
+    void anEditTypedBackToWhatItWasIsOver()
+    {
+        GridFixture f;
+        f.show();
+        f.goTo(0, GridFixture::Size);
+        f.type(u"1"_s);
+        QVERIFY(f.grid.rowPending());
+        f.press(Qt::Key_Tab);
+        QVERIFY(!f.grid.rowPending());
+        QCOMPARE(errorOf([&] { f.control.Refresh(); }), 0);
+    }
+
+    void aRefusedColumnUpdateLeavesNoEditBehind()
+    {
+        GridFixture f;
+        f.show();
+        connect(
+            &f.grid, &DataGrid::beforeColumnUpdate, this, [](int, bool& cancel) { cancel = true; });
+        f.goTo(0, GridFixture::Service);
+        f.type(u"steam"_s);
+        f.press(Qt::Key_Tab);
+        QVERIFY(!f.grid.rowPending());
+        QCOMPARE(f.control.EditMode(), EditMode::None);
     }
 
     void codeWritesTheTypedCellsAlong()
