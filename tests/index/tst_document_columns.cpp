@@ -3,6 +3,8 @@
 #include "support/index_fixture.h"
 #include "toolkit/data_drop_down.h"
 
+#include <sqlite3.h>
+
 #include <memory>
 
 using namespace Qt::StringLiterals;
@@ -36,6 +38,7 @@ private Q_SLOTS:
     void aNumberWithAnApostropheFailsAndEndsTheRewriting();
     void anUnknownNumberIsRefusedByTheRegister();
     void aTagWithAnApostropheFailsToLoadItsCells();
+    void cellsThatCouldNotBeReadAreNotWrittenAsEmpty();
     void theListsOfferTheirKindAndTheSentinel();
     void aKeyPressWithoutTheListIsTold();
 
@@ -250,6 +253,29 @@ void TestDocumentColumns::aTagWithAnApostropheFailsToLoadItsCells()
     QCOMPARE(shown.size(), 1);
     QVERIFY2(shown[0].startsWith(u"Error while loading document info.\r\nError : "_s),
              qPrintable(shown[0]));
+}
+
+void TestDocumentColumns::cellsThatCouldNotBeReadAreNotWrittenAsEmpty()
+{
+    m_index->addTie(u"FT-101"_s, u"PID-1"_s, u"PID"_s);
+    m_index->open(m_index->project);
+    sqlite3* other = nullptr;
+    sqlite3_open(m_index->project.toUtf8().constData(), &other);
+    sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+    // Comes into display anew, and cannot be read.
+    m_index->window.hide();
+    m_index->grid().setCurrentIndex(m_index->grid().model()->index(1, 5));
+    m_index->window.show();
+    m_index->grid().setCurrentIndex(m_index->grid().model()->index(0, 5));
+    m_index->cell(5).setValue(u"DCS"_s);
+    QVERIFY(!m_index->grid().rowPending());
+    QVERIFY(m_index->texts().join(u' ').contains(u"locked"_s));
+    sqlite3_close(other);
+    QTRY_COMPARE_WITH_TIMEOUT(m_index->cellText(column::pid), u"PID-1"_s, 5000);
+    m_index->cell(5).setValue(u"DCS"_s);
+    QVERIFY(m_index->grid().writeRow());
+    QCOMPARE(m_index->ties(u"FT-101"_s), QStringList{u"PID-1/PID"_s});
+    QCOMPARE(m_index->stored(u"FT-101"_s, u"Location"_s), u"DCS"_s);
 }
 
 void TestDocumentColumns::theListsOfferTheirKindAndTheSentinel()
