@@ -26,6 +26,7 @@ int main(int argc, char* argv[])
         return bench::measureMemory(words[2].toInt());
     const QString only = words.value(1);
     bench::runIndexBenches(only);
+    bench::runDatasheetBenches(only);
     bench::runMemoryBenches(only);
     app::g_objRegHndlr.reset();
     return 0;

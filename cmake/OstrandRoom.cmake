@@ -1,16 +1,19 @@
 # SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
 # SPDX-License-Identifier: MIT
 
-# ostrand_room(name [EXCEPT files...] USES libs...): the static library ostrand_<name> of the room
-# src/<name>, made of all its sources. USES names what the room may link to; the test
+# ostrand_room(name [EXCEPT files...] [EXCEPT_FOLDER name] USES libs...): the static library
+# ostrand_<name> of the room src/<name>, made of all its sources but those excepted. USES names what the room may link to; the test
 # `permitted_includes` checks the same directions for the headers.
 function(ostrand_room name)
-    cmake_parse_arguments(ROOM "" "" "USES;EXCEPT" ${ARGN})
+    cmake_parse_arguments(ROOM "" "EXCEPT_FOLDER" "USES;EXCEPT" ${ARGN})
     file(GLOB_RECURSE sources CONFIGURE_DEPENDS
         ${CMAKE_SOURCE_DIR}/src/${name}/*.cpp ${CMAKE_SOURCE_DIR}/src/${name}/*.h)
     foreach(file IN LISTS ROOM_EXCEPT)
         list(REMOVE_ITEM sources ${CMAKE_SOURCE_DIR}/src/${name}/${file})
     endforeach()
+    if(ROOM_EXCEPT_FOLDER)
+        list(FILTER sources EXCLUDE REGEX "/src/${name}/${ROOM_EXCEPT_FOLDER}/")
+    endif()
     add_library(ostrand_${name} STATIC ${sources})
     target_include_directories(ostrand_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
     target_link_libraries(ostrand_${name} PUBLIC ${ROOM_USES} PRIVATE ostrand_compile)

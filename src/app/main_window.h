@@ -34,11 +34,19 @@ public:
     virtual void AbleForm(bool blnEnable) = 0;
     /// Enables or disables `cmdImport` and `cmdExport`.
     virtual void ableButton(bool blnEnable) = 0;
+    /// Enables or disables the menu entries that make and open projects.
+    virtual void ableFileMenu(bool blnEnable) = 0;
 
     /// Opens a project; "" has the user pick one.
     virtual void OpenIndex(const QString& path) = 0;
     /// Asks for a new file and makes it from the template.
     virtual void CreateIndex() = 0;
+
+    /// Has the user find the current tag's datasheet file, and opens it.
+    virtual void FindDatasheet() = 0;
+    /// Take the place of a datasheet that was just made for the current tag; "" for none.
+    virtual void setDatasheetFolder(const QString& folder) = 0;
+    virtual void setDatasheetFileName(const QString& name) = 0;
 
     /// The text of panel 1 or 2 of the status bar.
     virtual void setPanelText(int panel, const QString& text) = 0;

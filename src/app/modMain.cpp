@@ -6,7 +6,9 @@
 #include "app/frmAbout.h"
 #include "app/frmOpen.h"
 #include "app/state.h"
+#include "datasheets/cXlHndlr.h"
 #include "index/frmIndex.h"
+#include "spreadsheet/host.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -34,6 +36,7 @@ void Main(const QString& commandLine)
     g_strNewDatasheetFolder.clear();
     g_blnFolderChanged = false;
     g_objRegHndlr = std::make_unique<CRegHndlr>();
+    datasheets::g_objXlHndlr = std::make_unique<datasheets::cXlHndlr>();
     auto window = std::make_unique<index::frmIndex>();
     index::frmIndex& frmIndex = *window;
     QObject::connect(&frmIndex, &index::frmIndex::unloaded, &endOutright);
@@ -59,8 +62,10 @@ void Main(const QString& commandLine)
 
 void End()
 {
+    datasheets::g_objXlHndlr.reset();
     g_frmIndex.reset();
     g_objRegHndlr.reset();
+    spreadsheet::endHost();
 }
 
 } // namespace ostrand::app

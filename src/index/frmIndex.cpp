@@ -8,6 +8,8 @@
 #include "app/help.h"
 #include "app/program.h"
 #include "app/state.h"
+#include "datasheets/cXlHndlr.h"
+#include "datasheets/datasheet_commands.h"
 #include "index/document_columns.h"
 #include "index/index_buttons.h"
 #include "index/index_columns.h"
@@ -78,6 +80,11 @@ void frmIndex::buildControls()
                             {.UpdateDocCrossRefs = [this] { m_documents->UpdateDocCrossRefs(); },
                              .FolderDatasheets = [this] { return FolderDatasheets(); }},
                             this);
+    m_datasheets = std::make_unique<datasheets::DatasheetCommands>(
+        *this,
+        datasheets::DatasheetCommands::Links{
+            .GridTag = [this] { return m_GridIndex->Columns(column::tag).Value().text(); },
+            .SaveTag = [this] { m_tags->SaveTag(); }});
 }
 
 void frmIndex::load()
@@ -85,8 +92,6 @@ void frmIndex::load()
     m_documents->attachDropDowns();
     AbleForm(false);
     ableButton(app::g_blnPidLinked);
-    m_strDatasheetFileName.clear();
-    m_strDatasheetFolder.clear();
 }
 
 void frmIndex::connectGrid()
@@ -121,6 +126,7 @@ void frmIndex::connectCommands()
     onAction(u"mnuFileOpen"_s, [this] { OpenIndex(QString()); });
     onAction(u"mnuFileExit"_s, [this] { close(); });
     onAction(u"mnuEditProjectInfo"_s, [this] { ShowProjectInfo(); });
+    onAction(u"mnuDocDtSht"_s, [this] { m_datasheets->OpenTagDatasheet(); });
     onAction(u"mnuOnlineHelp"_s,
              [this] { app::ShowHelpTopic(this, app::helpTopicManual(), true); });
     onAction(u"mnuCheckForUpdates"_s, [] { app::LaunchAutoUpdate(); });
@@ -131,6 +137,7 @@ void frmIndex::connectCommands()
     const auto onButton = [this](const QString& name, auto handler) {
         connect(m_buttons->button(name), &QPushButton::clicked, this, handler);
     };
+    onButton(u"cmdDatasheet"_s, [this] { m_datasheets->cmdDatasheet(); });
     onButton(u"cmdHelp"_s, [this] { app::ShowHelpTopic(this, app::helpTopicManual(), true); });
     onButton(u"cmdSave"_s, [this] { m_tags->cmdSave(); });
     onButton(u"cmdDelete"_s, [this] { m_tags->cmdDelete(); });
@@ -181,11 +188,17 @@ void frmIndex::ableButton(bool blnEnable)
     m_buttons->button(u"cmdExport"_s)->setEnabled(blnEnable);
 }
 
-void frmIndex::cellButtonClicked(int columnNumber) const
+void frmIndex::ableFileMenu(bool blnEnable)
+{
+    m_menus->action(u"mnuFileNew"_s)->setEnabled(blnEnable);
+    m_menus->action(u"mnuFileOpen"_s)->setEnabled(blnEnable);
+}
+
+void frmIndex::cellButtonClicked(int columnNumber)
 {
     try {
-        if (columnNumber == column::datasheetFileName && m_commands.LocateDatasheetFile)
-            m_commands.LocateDatasheetFile();
+        if (columnNumber == column::datasheetFileName)
+            LocateDatasheetFile();
         else if (columnNumber == column::remarks && m_commands.ShowNotes)
             m_commands.ShowNotes();
     } catch (const Error& error) {
@@ -234,6 +247,12 @@ void frmIndex::setPanelText(int panel, const QString& text)
 
 void frmIndex::closeEvent(QCloseEvent* event)
 {
+    // A datasheet has its own questions. Where the user goes on working in it, the program does
+    // too: without it nothing of the datasheet would reach the index.
+    if (datasheets::g_objXlHndlr && !datasheets::g_objXlHndlr->CloseOpenDatasheet()) {
+        event->ignore();
+        return;
+    }
     // The grid's own validation has the last word on a row that is still being edited.
     m_GridIndex->writeRow();
     keepGeometry();

@@ -9,6 +9,7 @@
 #include <QPointer>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 class QLabel;
@@ -17,6 +18,10 @@ class QResizeEvent;
 namespace ostrand::app {
 class frmAbout;
 } // namespace ostrand::app
+
+namespace ostrand::datasheets {
+class DatasheetCommands;
+} // namespace ostrand::datasheets
 
 namespace ostrand::toolkit {
 class DataGrid;
@@ -40,7 +45,6 @@ public:
     struct Commands
     {
         std::function<void()> ShowProjectInfo = {};
-        std::function<void()> LocateDatasheetFile = {};
         std::function<void()> ShowNotes = {};
     };
 
@@ -54,15 +58,19 @@ public:
     toolkit::DataControl& dbIndex() override { return *m_dbIndex; }
     void AbleForm(bool blnEnable) override;
     void ableButton(bool blnEnable) override;
+    void ableFileMenu(bool blnEnable) override;
     void OpenIndex(const QString& path) override;
     void CreateIndex() override;
+    void FindDatasheet() override;
+    void setDatasheetFolder(const QString& folder) override;
+    void setDatasheetFileName(const QString& name) override;
     void setPanelText(int panel, const QString& text) override;
     QWidget* window() override { return this; }
 
     /// Orders the grid by a column.
     void Sort(int intColumn);
-    void setDatasheetFolder(const QString& folder) { m_strDatasheetFolder = folder; }
-    void setDatasheetFileName(const QString& name) { m_strDatasheetFileName = name; }
+    /// Has the user pick the file of the current tag's datasheet; true when it was stored.
+    bool LocateDatasheetFile();
     void setCommands(Commands commands) { m_commands = std::move(commands); }
 
 Q_SIGNALS:
@@ -92,7 +100,7 @@ private:
     void ShowProjectInfo() const;
 
     // Events
-    void cellButtonClicked(int columnNumber) const;
+    void cellButtonClicked(int columnNumber);
     void showRecordCounter();
     void validateRecord(toolkit::DataControl::Action action,
                         bool& save,
@@ -108,14 +116,13 @@ private:
     toolkit::DataGrid* m_GridIndex = nullptr;
     DocumentColumns* m_documents = nullptr;
     TagEditing* m_tags = nullptr;
+    std::unique_ptr<datasheets::DatasheetCommands> m_datasheets;
     IndexMenus* m_menus = nullptr;
     IndexButtons* m_buttons = nullptr;
     QLabel* m_panels[2]{};
     QPointer<app::frmAbout> m_about;
     Commands m_commands;
 
-    QString m_strDatasheetFolder;
-    QString m_strDatasheetFileName;
     QString m_projectFolder; ///< of the project file as last split, for a new project
     bool m_blnReadOnly = false;
 };

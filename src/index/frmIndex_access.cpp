@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // What others ask the main window for, and sorting.
+#include "datasheets/datasheet_commands.h"
 #include "index/frmIndex.h"
 #include "index/index_columns.h"
 #include "store/database.h"
@@ -52,6 +53,26 @@ QString frmIndex::projectAttribute(const QString& name, const QString& failure) 
         toolkit::showFailure(toolkit::formB(failure, error));
         return {};
     }
+}
+
+bool frmIndex::LocateDatasheetFile()
+{
+    return m_datasheets->LocateDatasheetFile();
+}
+
+void frmIndex::FindDatasheet()
+{
+    m_datasheets->FindDatasheet();
+}
+
+void frmIndex::setDatasheetFolder(const QString& folder)
+{
+    m_datasheets->setDatasheetFolder(folder);
+}
+
+void frmIndex::setDatasheetFileName(const QString& name)
+{
+    m_datasheets->setDatasheetFileName(name);
 }
 
 void frmIndex::Sort(int intColumn)

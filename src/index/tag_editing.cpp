@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "index/tag_editing.h"
 
+#include "datasheets/file_name.h"
 #include "index/index_columns.h"
 #include "store/database.h"
 #include "toolkit/data_control.h"
@@ -20,12 +21,6 @@ namespace {
 const QString fieldTag = u"Tag"_s;
 const QString fieldPath = u"DatasheetPath"_s;
 const QString fieldFileName = u"DatasheetFileName"_s;
-
-/// A tag as a file name: separators of paths become hyphens.
-QString datasheetNameOf(const QString& tag)
-{
-    return QString(tag + u".xls"_s).replace(u'/', u'-').replace(u'\\', u'-');
-}
 
 } // namespace
 
@@ -187,7 +182,7 @@ void TagEditing::UpdateDatasheetFile()
 void TagEditing::moveDatasheetFile(const QString& oldPath)
 {
     store::Recordset& tags = m_dbIndex.Recordset();
-    const QString newName = datasheetNameOf(tagCell());
+    const QString newName = datasheets::datasheetNameOf(tagCell());
     const QString newPath = toolkit::joinPath(m_links.FolderDatasheets(), newName);
     toolkit::moveFile(oldPath, newPath);
     m_moved = MovedFile{oldPath, newPath, tags.Field(fieldFileName).text()};

@@ -26,6 +26,16 @@ public:
     toolkit::DataControl& dbIndex() override { return m_dbIndex; }
     void AbleForm(bool blnEnable) override { note("AbleForm", blnEnable); }
     void ableButton(bool blnEnable) override { note("ableButton", blnEnable); }
+    void ableFileMenu(bool blnEnable) override { note("ableFileMenu", blnEnable); }
+    void FindDatasheet() override { m_log << QStringLiteral("FindDatasheet"); }
+    void setDatasheetFolder(const QString& folder) override
+    {
+        m_log << QStringLiteral("DatasheetFolder(") + folder + QStringLiteral(")");
+    }
+    void setDatasheetFileName(const QString& name) override
+    {
+        m_log << QStringLiteral("DatasheetFileName(") + name + QStringLiteral(")");
+    }
     void OpenIndex(const QString& path) override
     {
         m_log << QStringLiteral("OpenIndex(") + path + QStringLiteral(")");

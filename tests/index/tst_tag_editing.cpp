@@ -589,10 +589,10 @@ void TestTagEditing::theGridsDeletionTakesTheFileBeforeItAsks()
 
 void TestTagEditing::theCellButtonsFailureIsToldButNotACancelledDialog()
 {
-    m_index->window.setCommands(
-        {.LocateDatasheetFile = [] { throw store::Error(32755, u"Cancel"_s); },
-         .ShowNotes = [] { throw store::Error(9, u"Out of range"_s); }});
+    m_index->window.setCommands({.ShowNotes = [] { throw store::Error(9, u"Out of range"_s); }});
+    m_index->prompts.files = {std::nullopt};
     Q_EMIT m_index->grid().cellButtonClicked(column::datasheetFileName);
+    QCOMPARE(m_index->prompts.fileRequests.size(), std::size_t{1});
     QCOMPARE(m_index->texts(), QStringList());
     Q_EMIT m_index->grid().cellButtonClicked(column::remarks);
     QCOMPARE(m_index->texts(),

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/state.h"
+#include "datasheets/cXlHndlr.h"
 #include "index/frmIndex.h"
 #include "index/index_columns.h"
 #include "support/program_fixture.h"
@@ -19,12 +20,21 @@ class IndexFixture : public ProgramFixture
 {
 public:
     IndexFixture()
+        : window(makeWindow())
     {
         window.show();
         window.activateWindow();
         if (!QTest::qWaitForWindowActive(&window))
             qFatal("the window does not become active");
     }
+
+    ~IndexFixture()
+    {
+        datasheets::g_objXlHndlr.reset();
+        app::g_frmIndex.reset();
+    }
+    IndexFixture(const IndexFixture&) = delete;
+    IndexFixture& operator=(const IndexFixture&) = delete;
 
     /// Opens a project and lets the window paint.
     void open(const QString& path)
@@ -112,7 +122,17 @@ public:
     QStringList texts() { return prompts.takeTexts(); }
 
     QString project;
-    index::frmIndex window;
+    index::frmIndex& window;
+
+private:
+    static index::frmIndex& makeWindow()
+    {
+        datasheets::g_objXlHndlr = std::make_unique<datasheets::cXlHndlr>();
+        auto made = std::make_unique<index::frmIndex>();
+        index::frmIndex& reference = *made;
+        app::g_frmIndex = std::move(made);
+        return reference;
+    }
 };
 
 } // namespace ostrand::tests

@@ -3,7 +3,7 @@
 #include "camera.h"
 
 #include <QApplication>
-#include <QDialog>
+#include <QDeadlineTimer>
 #include <QPixmap>
 #include <QScreen>
 #include <QTest>
@@ -15,6 +15,7 @@ namespace ostrand::tour {
 namespace {
 
 constexpr int restMs = 250;
+constexpr int patienceMs = 30000;
 constexpr int margin = 4;
 
 } // namespace
@@ -39,22 +40,38 @@ void Camera::take(const QString& name, const QWidget* window) const
             place |= other->frameGeometry();
     }
     place.adjust(-margin, -margin, margin, margin);
-    const QPixmap picture =
-        window->screen()->grabWindow(0, place.x(), place.y(), place.width(), place.height());
+    save(window->screen()->grabWindow(0, place.x(), place.y(), place.width(), place.height()),
+         name);
+}
+
+void Camera::takeScreen(const QString& name) const
+{
+    save(QGuiApplication::primaryScreen()->grabWindow(0), name);
+}
+
+void Camera::save(const QPixmap& picture, const QString& name) const
+{
     const QString file = m_folder + u'/' + m_mark + name + u".png"_s;
     if (!picture.save(file))
         qFatal("%s could not be written", qPrintable(file));
 }
 
-void Camera::pictureOfNextModal(const QString& name) const
+void Camera::pictureOfNextModal(const QString& name, std::function<void(QDialog&)> answer) const
 {
-    QTimer::singleShot(restMs, QApplication::instance(), [this, name] {
+    auto* look = new QTimer(QApplication::instance());
+    const QDeadlineTimer patience(patienceMs);
+    QObject::connect(look, &QTimer::timeout, look, [this, look, name, answer, patience] {
         auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (!modal)
+        if (!modal && patience.hasExpired())
             qFatal("no window opened for %s", qPrintable(name));
+        if (!modal)
+            return;
+        look->stop();
+        look->deleteLater();
         take(name, modal);
-        modal->reject();
+        answer(*modal);
     });
+    look->start(restMs);
 }
 
 } // namespace ostrand::tour

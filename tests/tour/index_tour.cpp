@@ -8,6 +8,7 @@
 #include "app/modMain.h"
 #include "app/state.h"
 #include "camera.h"
+#include "datasheet_tour.h"
 #include "index/frmIndex.h"
 #include "index/index_columns.h"
 #include "store/database.h"
@@ -157,9 +158,9 @@ QString makeProject(const Camera& camera)
 {
     const QString folder = camera.folder() + u"/project"_s;
     QString project = folder + u"/Heronsfield.mdb"_s;
+    QDir(folder).removeRecursively();
     QDir().mkpath(folder + u"/Datasheets"_s);
     QDir().mkpath(folder + u"/Templates"_s);
-    QFile::remove(project);
     const QDir bin(QCoreApplication::applicationDirPath());
     if (QProcess::execute(bin.filePath(u"ostrand-make-project"_s),
                           {u"--datasheets"_s,
@@ -170,6 +171,10 @@ QString makeProject(const Camera& camera)
                            project})
         != 0)
         qFatal("the sample project could not be made");
+    const QDir templates(bin.filePath(u"Templates"_s));
+    for (const QString& name : templates.entryList({u"*.xlt"_s})) {
+        QFile::copy(templates.filePath(name), folder + u"/Templates/"_s + name);
+    }
     return project;
 }
 
@@ -193,6 +198,7 @@ void tourIndex(const Camera& camera)
         open.exec();
     });
     IndexTour(camera, window).walk();
+    tourDatasheet(camera, window);
     app::End();
 }
 

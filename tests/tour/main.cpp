@@ -50,6 +50,8 @@ int walkOnce(const QString& folder, const Walk& walk)
 {
     if (walk.dark)
         useDarkColours();
+    // The pictures show the spreadsheet application alike on every machine.
+    qputenv("SAL_USE_VCLPLUGIN", "gen");
     const QTemporaryDir settings;
     ostrand::app::nameApplication();
     QSettings::setDefaultFormat(QSettings::IniFormat);

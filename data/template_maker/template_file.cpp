@@ -1,0 +1,65 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+#include "template_maker/template_file.h"
+
+#include "spreadsheet/sheet_design.h"
+#include "template_maker/logo.h"
+#include "template_maker/sheets.h"
+
+using namespace Qt::StringLiterals;
+
+namespace ostrand::template_maker {
+namespace {
+
+using spreadsheet::Workbook;
+using spreadsheet::Worksheet;
+
+/// Puts the logo where the form wants it, as large as its box allows.
+void placeLogo(Worksheet& sheet, const LogoSheet& place, const QString& logo)
+{
+    const auto shape = sheet.InsertPicture(logo);
+    const double scale = std::min(logoBoxWidth / shape->Width(), logoBoxHeight / shape->Height());
+    shape->setName(u"LOGO"_s);
+    shape->setSize(shape->Width() * scale, shape->Height() * scale);
+    shape->setLeft(place.deltaX);
+    shape->setTop(place.deltaY);
+}
+
+/// The logos, the current cells and the sheet in front.
+void finishSheets(Workbook& workbook, const Form& form, const QString& logo)
+{
+    QString front = QString::fromUtf16(sheet_name::datasheet);
+    for (const LogoSheet& place : form.logoSheets) {
+        const auto sheet = workbook.Worksheets(place.worksheet);
+        sheet->Activate();
+        sheet->Range(place.anchor)->Select();
+        placeLogo(*sheet, place, logo);
+        sheet->Range(place.defaultCell)->Select();
+        if (place.isDefault)
+            front = place.worksheet;
+    }
+    workbook.Worksheets(front)->Activate();
+}
+
+} // namespace
+
+void makeTemplate(spreadsheet::Application& application,
+                  const Form& form,
+                  const QString& logo,
+                  const QString& path)
+{
+    const auto workbook = application.Add();
+    workbook->setCustomDocumentProperty(u"DatasheetType"_s, form.type);
+    const auto datasheet = workbook->Worksheets(1);
+    datasheet->design().setName(QString::fromUtf16(sheet_name::datasheet));
+    drawDatasheet(*datasheet, form);
+    drawNotes(*workbook->AddSheet(QString::fromUtf16(sheet_name::notes)), form);
+    drawPidMap(*workbook->AddSheet(QString::fromUtf16(sheet_name::pidMap)), form);
+    finishSheets(*workbook, form, logo);
+    for (int i = 1; i <= workbook->SheetCount(); ++i)
+        workbook->Worksheets(i)->Protect();
+    workbook->SaveAs(path, spreadsheet::FileFormat::Template);
+    workbook->Close(spreadsheet::SaveChanges::No);
+}
+
+} // namespace ostrand::template_maker

@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+//
+// A document's window: showing and hiding it, and what its user does there.
+#include "spreadsheet/libreoffice/lo_workbook.h"
+#include "spreadsheet/libreoffice/lo_worksheet.h"
+#include "spreadsheet/libreoffice/number_formats.h"
+#include "spreadsheet/libreoffice/uno_errors.h"
+#include "spreadsheet/libreoffice/window.h"
+#include "spreadsheet/libreoffice/window_commands.h"
+#include "spreadsheet/libreoffice/workbook_listener.h"
+
+#include <utility>
+
+namespace css = com::sun::star;
+using css::uno::Reference;
+
+namespace ostrand::spreadsheet::libreoffice {
+
+/// The first time it waits until the main thread comes to rest: what the program does with the
+/// workbook until then would compete with the painting of the new window, and takes a third of the
+/// time while there is none.
+void LoWorkbook::setVisible(bool visible)
+{
+    if (!m_open)
+        return;
+    m_showPending = visible && !m_hasShown;
+    if (m_showPending) {
+        whenAtRest([](LoWorkbook& workbook) {
+            if (std::exchange(workbook.m_showPending, false))
+                workbook.show(true);
+        });
+        return;
+    }
+    endWriting();
+    guarded([&] { show(visible); });
+}
+
+void LoWorkbook::show(bool visible)
+{
+    const Reference<css::frame::XFrame> frame = controller()->getFrame();
+    if (!visible) {
+        m_wasMaximized = hideWindow(frame);
+        return;
+    }
+    if (!std::exchange(m_hasShown, true))
+        banStatusBar(frame);
+    showWindow(frame, std::exchange(m_wasMaximized, std::nullopt));
+}
+
+/// Runs an action on an open workbook when the main thread comes to rest. A failure means that the
+/// application has ended, which is told in its own way.
+void LoWorkbook::whenAtRest(const std::function<void(LoWorkbook&)>& action)
+{
+    QMetaObject::invokeMethod(
+        office().events().get(),
+        [weak = weak_from_this(), action] {
+            const std::shared_ptr<LoWorkbook> workbook = weak.lock();
+            if (!workbook || !workbook->m_open)
+                return;
+            try {
+                action(*workbook);
+            } catch (const css::uno::Exception&) {
+                return;
+            }
+        },
+        Qt::QueuedConnection);
+}
+
+/// While the program writes, the window need not follow each cell, and the user has nothing to
+/// undo. It ends when the main thread comes to rest.
+void LoWorkbook::beginWriting()
+{
+    if (std::exchange(m_writing, true))
+        return;
+    guarded([&] {
+        m_model->lockControllers();
+        m_undo->lock();
+    });
+    whenAtRest([](LoWorkbook& workbook) { workbook.endWriting(); });
+}
+
+void LoWorkbook::endWriting() noexcept
+{
+    if (!std::exchange(m_writing, false) || !m_open)
+        return;
+    try {
+        m_undo->unlock();
+        m_model->unlockControllers();
+    } catch (const css::uno::Exception&) { // the application has ended
+    }
+}
+
+void LoWorkbook::subscribe(WorkbookEvents events)
+{
+    requireOpen();
+    m_events = std::move(events);
+    if (m_listener)
+        return;
+    guarded([&] {
+        m_commands = std::make_unique<WindowCommands>(*this);
+        m_listener = std::make_unique<WorkbookListener>(*this);
+    });
+    office().onEnd(weak_from_this(), [this] {
+        const std::shared_ptr<LoWorkbook> self = shared_from_this();
+        forget();
+        if (m_events.Lost)
+            m_events.Lost();
+    });
+}
+
+void LoWorkbook::addSubscriber(LoWorksheet* sheet)
+{
+    m_subscribers.push_back(sheet);
+}
+
+void LoWorkbook::removeSubscriber(const LoWorksheet* sheet)
+{
+    std::erase(m_subscribers, sheet);
+}
+
+void LoWorkbook::noteChange(const QString& sheet)
+{
+    m_hasChanged = true;
+    const std::vector<LoWorksheet*> subscribers = m_subscribers;
+    for (const LoWorksheet* subscriber : subscribers) {
+        if (sheet.isEmpty() || subscriber->cachedName() == sheet)
+            subscriber->raiseChange();
+    }
+}
+
+void LoWorkbook::userChanged(const QString& sheet)
+{
+    // The user may have renamed the sheet since.
+    for (LoWorksheet* subscriber : m_subscribers)
+        subscriber->refreshName();
+    noteChange(sheet);
+}
+
+void LoWorkbook::userSelected()
+{
+    if (m_open && m_events.SheetSelectionChange)
+        m_events.SheetSelectionChange();
+}
+
+void LoWorkbook::userSaves(bool asUi, const std::function<void()>& passOn)
+{
+    if (!m_open)
+        return;
+    bool cancel = false;
+    if (m_events.BeforeSave)
+        m_events.BeforeSave(asUi, cancel);
+    if (!cancel && m_open)
+        passOn();
+}
+
+} // namespace ostrand::spreadsheet::libreoffice

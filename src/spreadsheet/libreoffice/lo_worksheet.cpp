@@ -1,0 +1,108 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+#include "spreadsheet/libreoffice/lo_worksheet.h"
+
+#include "spreadsheet/libreoffice/lo_control.h"
+#include "spreadsheet/libreoffice/lo_range.h"
+#include "spreadsheet/libreoffice/lo_shape.h"
+#include "spreadsheet/libreoffice/lo_sheet_design.h"
+#include "spreadsheet/libreoffice/uno_errors.h"
+#include "spreadsheet/libreoffice/uno_text.h"
+
+#include <QCoreApplication>
+
+#include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/sheet/XSpreadsheetView.hpp>
+#include <com/sun/star/util/XProtectable.hpp>
+
+namespace css = com::sun::star;
+using css::uno::Reference;
+using css::uno::UNO_QUERY_THROW;
+
+namespace ostrand::spreadsheet::libreoffice {
+
+LoWorksheet::LoWorksheet(std::shared_ptr<LoWorkbook> workbook,
+                         Reference<css::sheet::XSpreadsheet> sheet)
+    : m_workbook(std::move(workbook)),
+      m_sheet(m_workbook->office().keeper()->keep(std::move(sheet))),
+      m_name(Name())
+{
+}
+
+LoWorksheet::~LoWorksheet()
+{
+    m_workbook->removeSubscriber(this);
+}
+
+QString LoWorksheet::Name() const
+{
+    return guarded([&] {
+        return qtText(Reference<css::container::XNamed>(m_sheet, UNO_QUERY_THROW)->getName());
+    });
+}
+
+std::unique_ptr<Range> LoWorksheet::Range(const QString& reference)
+{
+    return guarded(
+        [&] { return std::make_unique<LoRange>(m_workbook, m_sheet, m_name, reference); });
+}
+
+std::unique_ptr<Control> LoWorksheet::OLEObjects(const QString& name)
+{
+    return guarded([&] { return findControl(*this, name); });
+}
+
+void LoWorksheet::Activate()
+{
+    guarded([&] {
+        Reference<css::sheet::XSpreadsheetView>(m_workbook->controller(), UNO_QUERY_THROW)
+            ->setActiveSheet(m_sheet);
+    });
+}
+
+void LoWorksheet::Protect()
+{
+    guarded([&] {
+        Reference<css::util::XProtectable>(m_sheet, UNO_QUERY_THROW)->protect(rtl::OUString());
+    });
+}
+
+void LoWorksheet::Unprotect()
+{
+    guarded([&] {
+        Reference<css::util::XProtectable>(m_sheet, UNO_QUERY_THROW)->unprotect(rtl::OUString());
+    });
+}
+
+std::vector<std::unique_ptr<Shape>> LoWorksheet::Shapes()
+{
+    return guarded([&] { return shapesOf(*this); });
+}
+
+std::unique_ptr<Shape> LoWorksheet::InsertPicture(const QString& file)
+{
+    return guarded([&] { return insertPicture(*this, file); });
+}
+
+SheetDesign& LoWorksheet::design()
+{
+    if (!m_design)
+        m_design = std::make_unique<LoSheetDesign>(*this);
+    return *m_design;
+}
+
+void LoWorksheet::subscribe(std::function<void()> Change)
+{
+    m_workbook->removeSubscriber(this);
+    m_change = std::move(Change);
+    if (m_change)
+        m_workbook->addSubscriber(this);
+}
+
+void LoWorksheet::raiseChange() const
+{
+    if (m_change)
+        m_change();
+}
+
+} // namespace ostrand::spreadsheet::libreoffice

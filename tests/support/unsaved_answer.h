@@ -1,0 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace ostrand::tests {
+
+/// The user's answer when the spreadsheet application asks about unsaved changes.
+enum class UnsavedAnswer { Save, Discard, Cancel };
+
+} // namespace ostrand::tests

@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+#include "support/workbook_file.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+using namespace Qt::StringLiterals;
+using ostrand::spreadsheet::CellError;
+using ostrand::spreadsheet::CellValue;
+using ostrand::spreadsheet::Error;
+
+namespace ostrand::tests {
+namespace {
+
+const QString fileKind = u"memory workbook"_s;
+
+QJsonObject toJson(const CellValue& value)
+{
+    if (const auto* text = std::get_if<QString>(&value))
+        return {{u"text"_s, *text}};
+    if (const auto* number = std::get_if<double>(&value))
+        return {{u"number"_s, *number}};
+    if (const auto* flag = std::get_if<bool>(&value))
+        return {{u"flag"_s, *flag}};
+    if (const auto* moment = std::get_if<QDateTime>(&value))
+        return {{u"moment"_s, moment->toString(Qt::ISODate)}};
+    if (const auto* error = std::get_if<CellError>(&value))
+        return {{u"error"_s, error->text}};
+    return {};
+}
+
+CellValue cellFrom(const QJsonObject& json)
+{
+    if (json.contains(u"text"_s))
+        return json[u"text"_s].toString();
+    if (json.contains(u"number"_s))
+        return json[u"number"_s].toDouble();
+    if (json.contains(u"flag"_s))
+        return json[u"flag"_s].toBool();
+    if (json.contains(u"moment"_s))
+        return QDateTime::fromString(json[u"moment"_s].toString(), Qt::ISODate);
+    if (json.contains(u"error"_s))
+        return CellError{json[u"error"_s].toString()};
+    return {};
+}
+
+QJsonObject toJson(const std::map<QString, CellValue>& cells)
+{
+    QJsonObject json;
+    for (const auto& [name, value] : cells)
+        json[name] = toJson(value);
+    return json;
+}
+
+std::map<QString, CellValue> cellsFrom(const QJsonObject& json)
+{
+    std::map<QString, CellValue> cells;
+    for (auto each = json.begin(); each != json.end(); ++each)
+        cells[each.key()] = cellFrom(each->toObject());
+    return cells;
+}
+
+} // namespace
+
+std::optional<WorkbookContent> readWorkbook(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    const QJsonObject json = QJsonDocument::fromJson(file.readAll()).object();
+    if (json[u"kind"_s].toString() != fileKind)
+        return std::nullopt;
+    WorkbookContent content;
+    const QJsonObject properties = json[u"properties"_s].toObject();
+    for (auto each = properties.begin(); each != properties.end(); ++each)
+        content.properties[each.key()] = each->toString();
+    for (const QJsonValue& each : json[u"sheets"_s].toArray()) {
+        content.sheets.push_back({.name = each[u"name"_s].toString(),
+                                  .cells = cellsFrom(each[u"cells"_s].toObject()),
+                                  .controls = cellsFrom(each[u"controls"_s].toObject())});
+    }
+    return content;
+}
+
+void writeWorkbook(const QString& path, const WorkbookContent& content)
+{
+    const QFileInfo target(path);
+    if (!target.dir().exists())
+        throw Error(76, u"Path not found"_s);
+    if (target.exists() && !(QFile::permissions(path) & QFile::WriteOwner))
+        throw Error(spreadsheet::errors::permissionDenied, u"Permission denied"_s);
+    QJsonArray sheets;
+    for (const SheetContent& sheet : content.sheets) {
+        sheets.append(QJsonObject{{u"name"_s, sheet.name},
+                                  {u"cells"_s, toJson(sheet.cells)},
+                                  {u"controls"_s, toJson(sheet.controls)}});
+    }
+    QJsonObject properties;
+    for (auto each = content.properties.begin(); each != content.properties.end(); ++each)
+        properties[each.key()] = *each;
+    const QByteArray bytes = QJsonDocument(QJsonObject{{u"kind"_s, fileKind},
+                                                       {u"properties"_s, properties},
+                                                       {u"sheets"_s, sheets}})
+                                 .toJson();
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        throw Error(spreadsheet::errors::applicationError, u"The workbook can't be written"_s);
+}
+
+} // namespace ostrand::tests
