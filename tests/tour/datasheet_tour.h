@@ -11,8 +11,8 @@ namespace ostrand::tour {
 class Camera;
 
 /// Chooses a datasheet type for a tag. The first walk goes on: it opens the datasheet in the
-/// spreadsheet application, edits a cell there, saves it, and comes back to the index; and it prints
-/// all templates. The others have nothing of their own to show there.
+/// spreadsheet application, edits a cell there, saves it, and comes back to the index; and it
+/// prints all templates. The others have nothing of their own to show there.
 void tourDatasheet(const Camera& camera, index::frmIndex& window);
 
 } // namespace ostrand::tour
