@@ -5,6 +5,8 @@
 #include "maker/csv.h"
 
 #include <functional>
+#include <map>
+#include <tuple>
 
 namespace ostrand::template_maker {
 namespace {
@@ -70,6 +72,43 @@ Form& formOf(std::vector<Form>& forms, const Record& record)
     record.fail("unknown datasheet type " + type.toStdString());
 }
 
+using ValueName = std::tuple<QString, QString, QString>; ///< datasheet type, table and field
+
+/// Where the values of the project are entered. A value with two places could be changed at one of
+/// them and be out of date at the other.
+std::map<ValueName, Place> readMap(const std::filesystem::path& data)
+{
+    std::map<ValueName, Place> places;
+    forEach(data / "template/seed/Map.csv", [&](const Record& record) {
+        const ValueName name{
+            record.text("DatasheetType"), record.text("TableName"), record.text("Field")};
+        const Place place{.worksheet = record.text("Worksheet"), .cell = record.text("object")};
+        if (!places.emplace(name, place).second)
+            record.fail(std::get<2>(name).toStdString() + " is mapped a second time");
+    });
+    return places;
+}
+
+/// Every form shows the values of these places. Where a form enters the value there, nothing is
+/// left to show.
+void readEchoes(const std::filesystem::path& data, std::vector<Form>& forms)
+{
+    const std::map<ValueName, Place> places = readMap(data);
+    forEach(data / "templates/echoes.csv", [&](const Record& record) {
+        const Place place{.worksheet = record.text("Worksheet"), .cell = record.text("Cell")};
+        for (Form& form : forms) {
+            const auto source =
+                places.find({form.type, record.text("TableName"), record.text("Field")});
+            if (source == places.end()) {
+                record.fail(record.text("Field").toStdString() + " is not mapped for "
+                            + form.type.toStdString());
+            }
+            if (source->second != place)
+                form.echoes.push_back({.place = place, .source = source->second});
+        }
+    });
+}
+
 } // namespace
 
 std::vector<Form> readForms(const std::filesystem::path& data)
@@ -85,7 +124,8 @@ std::vector<Form> readForms(const std::filesystem::path& data)
                          .fileName = record.text("FileName"),
                          .lines = {},
                          .pidRows = {},
-                         .logoSheets = {}});
+                         .logoSheets = {},
+                         .echoes = {}});
     });
     forEach(data / "templates/lines.csv", [&](const Record& record) {
         std::vector<Line>& lines = formOf(forms, record).lines;
@@ -114,6 +154,7 @@ std::vector<Form> readForms(const std::filesystem::path& data)
                                    .defaultCell = record.text("DefaultCell"),
                                    .isDefault = record.flag("DefaultSheet")});
     });
+    readEchoes(data, forms);
     return forms;
 }
 

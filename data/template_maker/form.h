@@ -40,6 +40,20 @@ struct LogoSheet
     bool isDefault; ///< in front when the workbook opens
 };
 
+struct Place
+{
+    QString worksheet;
+    QString cell;
+    bool operator==(const Place&) const = default;
+};
+
+/// A place that shows what stands at another one, for a value that is entered once.
+struct Echo
+{
+    Place place;
+    Place source;
+};
+
 /// What the template of one datasheet type holds.
 struct Form
 {
@@ -49,6 +63,7 @@ struct Form
     std::vector<Line> lines;
     std::vector<PidRow> pidRows;
     std::vector<LogoSheet> logoSheets;
+    std::vector<Echo> echoes;
 };
 
 /// The forms of all datasheet types, from the folder of the data files. Raises maker::InputError

@@ -27,7 +27,7 @@ constexpr Column columns[] = {{u'A', 3.3},
                               {u'H', 15}};
 constexpr double rowHeight = 11; // points
 constexpr double titleSize = 11;
-constexpr double subtitleSize = 9;
+constexpr double subtitleSize = 7.5; // two lines within two rows
 
 void setPaper(const SheetPen& pen)
 {

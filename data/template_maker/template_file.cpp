@@ -25,6 +25,17 @@ void placeLogo(Worksheet& sheet, const LogoSheet& place, const QString& logo)
     shape->setTop(place.deltaY);
 }
 
+/// Ties the places that only show a value to the cell where it is entered.
+void showEchoes(Workbook& workbook, const Form& form)
+{
+    for (const Echo& echo : form.echoes) {
+        const auto sheet = workbook.Worksheets(echo.place.worksheet);
+        const QString source = u"$%1.%2"_s.arg(echo.source.worksheet, echo.source.cell);
+        sheet->design().setFormula(echo.place.cell, u"=IF(%1=\"\";\"\";%1)"_s.arg(source));
+        sheet->design().setStyle(echo.place.cell, {.locked = true});
+    }
+}
+
 /// The logos, the current cells and the sheet in front.
 void finishSheets(Workbook& workbook, const Form& form, const QString& logo)
 {
@@ -55,6 +66,7 @@ void makeTemplate(spreadsheet::Application& application,
     drawDatasheet(*datasheet, form);
     drawNotes(*workbook->AddSheet(QString::fromUtf16(sheet_name::notes)), form);
     drawPidMap(*workbook->AddSheet(QString::fromUtf16(sheet_name::pidMap)), form);
+    showEchoes(*workbook, form);
     finishSheets(*workbook, form, logo);
     for (int i = 1; i <= workbook->SheetCount(); ++i)
         workbook->Worksheets(i)->Protect();

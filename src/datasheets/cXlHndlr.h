@@ -19,6 +19,7 @@ class Recordset;
 
 namespace ostrand::datasheets {
 
+class Sheets;
 struct MapRow;
 
 /// The datasheet session: the one live link to the spreadsheet application. A datasheet is open
@@ -105,6 +106,7 @@ private:
     void m_wrkBook_BeforeClose(bool& Cancel);
     void m_wrkBook_SheetSelectionChange();
     void m_wrkBook_Lost();
+    bool hasEnded();
     void m_wrkSht_Change();
     Differences findDifferences();
     void updateDatabase(const Differences& found);
@@ -114,7 +116,8 @@ private:
     bool confirmClose();
 
     // ---- filling (population.cpp)
-    void populateRows(store::Recordset& map,
+    void populateRows(Sheets& sheets,
+                      store::Recordset& map,
                       const QString& source,
                       const std::function<store::Value(const MapRow&)>& value);
     void restoreTag(spreadsheet::Worksheet& sheet, const MapRow& row, const QString& tag);

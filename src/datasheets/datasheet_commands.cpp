@@ -179,9 +179,15 @@ void DatasheetCommands::storePlace(const QString& folder, const QString& name)
 {
     store::Recordset& records = tags();
     records.Edit();
-    records.SetField(fieldPath, nullIfEmpty(folder));
-    records.SetField(fieldFileName, nullIfEmpty(name));
-    records.Update();
+    try {
+        records.SetField(fieldPath, nullIfEmpty(folder));
+        records.SetField(fieldFileName, nullIfEmpty(name));
+        records.Update();
+    } catch (const store::Error&) {
+        // A name that is too long for its field would leave the record under edit.
+        m_window.dbIndex().cancelEdit();
+        throw;
+    }
 }
 
 QString DatasheetCommands::locatedFile() const

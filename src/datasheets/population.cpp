@@ -41,11 +41,11 @@ void cXlHndlr::PopulateXl()
     }
 }
 
-void cXlHndlr::populateRows(store::Recordset& map,
+void cXlHndlr::populateRows(Sheets& sheets,
+                            store::Recordset& map,
                             const QString& source,
                             const std::function<store::Value(const MapRow&)>& value)
 {
-    Sheets sheets(openWorkbook());
     forEachMapRow(map, [&](const MapRow& row) {
         if (row.isComplete())
             writeValue(sheets.sheet(row.worksheet), row, value(row).text(), source);
@@ -57,10 +57,11 @@ void cXlHndlr::PopulateXlIndex()
     try {
         const auto database = DBEngine::OpenDatabase(mainWindow().dbIndex().DatabaseName());
         const QString type = DatasheetType();
+        Sheets sheets(openWorkbook());
         for (int i = 0; i < indexRecords().FieldCount(); ++i) {
             const auto map =
                 database.OpenRecordset(mapStatement(type, indexRecords().FieldName(i), u"index"_s));
-            populateRows(*map, u"CXcelHndlr:PopulateXlIndex()"_s, [](const MapRow& row) {
+            populateRows(sheets, *map, u"CXcelHndlr:PopulateXlIndex()"_s, [](const MapRow& row) {
                 return indexRecords().Field(row.field);
             });
         }
@@ -78,10 +79,11 @@ void cXlHndlr::PopulateXlProjInfo()
         const auto database = DBEngine::OpenDatabase(mainWindow().dbIndex().DatabaseName());
         const auto attributes = database.OpenRecordset(u"select * from qryProjectInfo;"_s);
         const QString type = DatasheetType();
+        Sheets sheets(openWorkbook());
         for (; !attributes->Eof(); attributes->MoveNext()) {
             const QString name = attributes->Field(u"attributeName"_s).text();
             const auto map = database.OpenRecordset(mapStatement(type, name, u"IndexTitleInfo"_s));
-            populateRows(*map, u"CXcelHndlr:PopulateXlProjInfo()"_s, [&](const MapRow&) {
+            populateRows(sheets, *map, u"CXcelHndlr:PopulateXlProjInfo()"_s, [&](const MapRow&) {
                 return attributes->Field(u"attributeValue"_s);
             });
         }
@@ -101,10 +103,11 @@ void cXlHndlr::PopulateXlDocument()
         const auto ties = database.OpenRecordset(u"select * from qryDocXref where [Tag] = '"_s
                                                  + mainWindow().ActiveTag() + u"'"_s);
         const QString type = DatasheetType();
+        Sheets sheets(openWorkbook());
         for (; !ties->Eof(); ties->MoveNext()) {
             const QString docType = ties->Field(u"docType"_s).text();
             const auto map = database.OpenRecordset(mapStatement(type, docType, u"Document"_s));
-            populateRows(*map, u"CXcelHndlr:PopulateXlDocument()"_s, [&](const MapRow&) {
+            populateRows(sheets, *map, u"CXcelHndlr:PopulateXlDocument()"_s, [&](const MapRow&) {
                 return ties->Field(u"docNo"_s);
             });
         }

@@ -77,8 +77,7 @@ void cXlHndlr::m_wrkBook_BeforeSave(bool& Cancel)
                                 .buttons = toolkit::BoxButtons::YesNo,
                                 .title = tr("Update index database?")};
     const bool update = toolkit::promptHost().messageBox(question) == toolkit::Answer::Yes;
-    // The application may have ended under the question.
-    if (!XlAlreadyOpen()) {
+    if (hasEnded()) {
         Cancel = true;
         return;
     }
@@ -119,7 +118,7 @@ bool cXlHndlr::settleDifferences()
         return true;
     setVisible(false);
     const bool update = toolkit::askYesNo(updateQuestion());
-    if (!XlAlreadyOpen())
+    if (hasEnded())
         return true;
     if (!update) {
         closeUnsaved();
@@ -178,6 +177,15 @@ bool cXlHndlr::saveWorkbook()
 }
 
 // ---- the application has gone
+
+/// The application may end under a question of ours. That is told at once, and nothing else is done
+/// in vain.
+bool cXlHndlr::hasEnded()
+{
+    if (m_xlApp && !m_xlApp->isRunning())
+        m_wrkBook_Lost();
+    return !XlAlreadyOpen();
+}
 
 /// The workbook is forgotten first: the message may let a handler go on that was under way.
 void cXlHndlr::m_wrkBook_Lost()

@@ -169,6 +169,9 @@ void frmIndex::AbleForm(bool blnEnable)
                                    u"mnuReport"_s,
                                    u"mnuDoc"_s};
     try {
+        // A control that is disabled gives the focus to whatever comes next.
+        if (!blnEnable)
+            m_focusBefore = focusWidget();
         for (const QString& name : names) {
             auto* control = findChild<QWidget*>(name);
             if (!control)
@@ -177,6 +180,8 @@ void frmIndex::AbleForm(bool blnEnable)
             if (auto* menu = qobject_cast<QMenu*>(control))
                 menu->menuAction()->setEnabled(blnEnable);
         }
+        if (blnEnable && m_focusBefore)
+            m_focusBefore->setFocus();
     } catch (const Error& error) {
         toolkit::showFailure(toolkit::formA(tr("Error while abling window."), error));
     }

@@ -121,6 +121,7 @@ private:
     IndexButtons* m_buttons = nullptr;
     QLabel* m_panels[2]{};
     QPointer<app::frmAbout> m_about;
+    QPointer<QWidget> m_focusBefore; ///< before the controls were disabled
     Commands m_commands;
 
     QString m_projectFolder; ///< of the project file as last split, for a new project

@@ -178,6 +178,9 @@ public:
     /// A new workbook with one empty sheet.
     virtual std::shared_ptr<Workbook> Add() = 0;
 
+    /// False once the application has ended, also while the news of it waits to be told.
+    virtual bool isRunning() const = 0;
+
     /// Shows or hides the windows of the workbooks that this link has opened, and of those to come.
     virtual void setVisible(bool visible) = 0;
     /// Closes its workbooks without saving.

@@ -71,6 +71,10 @@ public:
     /// length. Raises 5 for others.
     virtual void setEntries(const QString& first,
                             const std::vector<std::vector<CellEntry>>& rows) = 0;
+    /// A value that follows other cells. The formula begins with "=" and is spelled with English
+    /// names, ";" between arguments and "." behind a sheet, as in `=IF(Sheet1.A1="";"";Sheet1.A1)`.
+    /// The cell shows an error where the formula has one.
+    virtual void setFormula(const QString& cell, const QString& formula) = 0;
     virtual void setStyle(const QString& reference, const CellStyle& style) = 0;
     virtual void merge(const QString& reference) = 0;
     /// Width in digits of a 10 point font (7 pixels of 1/96 inch each, and 5 beside them), column

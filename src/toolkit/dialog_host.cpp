@@ -5,10 +5,12 @@
 #include "toolkit/paths.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QDesktopServices>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QUrl>
 
@@ -49,11 +51,42 @@ QString startOf(const FileRequest& request)
     return preset.isEmpty() ? folder : joinPath(folder, QFileInfo(preset).fileName());
 }
 
+/// A question has no answer but its own: neither Esc nor the window's frame stands for No, which
+/// may well be the answer that loses something.
+class MessageWindow final : public QMessageBox
+{
+public:
+    MessageWindow(bool isQuestion, QWidget* parent)
+        : QMessageBox(parent),
+          m_isQuestion(isQuestion)
+    {
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (m_isQuestion && event->matches(QKeySequence::Cancel))
+            event->ignore();
+        else
+            QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent* event) override
+    {
+        if (m_isQuestion)
+            event->ignore();
+        else
+            QMessageBox::closeEvent(event);
+    }
+
+private:
+    bool m_isQuestion;
+};
+
 } // namespace
 
 Answer DialogHost::messageBox(const Box& box)
 {
-    QMessageBox window(owner());
+    MessageWindow window(box.buttons == BoxButtons::YesNo, owner());
     window.setObjectName(u"messageBox"_s);
     window.setWindowTitle(box.title);
     window.setTextFormat(Qt::PlainText);
@@ -66,7 +99,6 @@ Answer DialogHost::messageBox(const Box& box)
     }
     window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     window.setDefaultButton(QMessageBox::Yes);
-    window.setEscapeButton(QMessageBox::No);
     return window.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
 }
 

@@ -295,7 +295,12 @@ void tst_template::seedRowsAreThere_data()
     QTest::newRow("first datasheet type")
         << QByteArray("SELECT * FROM DatasheetTypes WHERE ReportNum = 1")
         << QStringList{u"1|PRESSURE TRANSMITTER|DS_PT.xlt"_s};
-    QTest::newRow("map") << QByteArray("SELECT count(*) FROM Map") << QStringList{u"654"_s};
+    QTest::newRow("map") << QByteArray("SELECT count(*) FROM Map") << QStringList{u"474"_s};
+    QTest::newRow("values mapped twice")
+        << QByteArray("SELECT DatasheetType, TableName, Field FROM Map "
+                      "GROUP BY lower(DatasheetType), lower(TableName), lower(Field) "
+                      "HAVING count(*) > 1")
+        << QStringList{};
     QTest::newRow("a cell of the map")
         << QByteArray("SELECT Field, TableName FROM Map WHERE DatasheetType = 'PRESSURE "
                       "TRANSMITTER' AND Worksheet = 'DATASHEET' AND object = 'H5'")

@@ -21,6 +21,8 @@ public:
     {
         for (const auto& file : {u"template/seed/DatasheetTypes.csv"_s,
                                  u"template/seed/DtShtWorksheets.csv"_s,
+                                 u"template/seed/Map.csv"_s,
+                                 u"templates/echoes.csv"_s,
                                  u"templates/lines.csv"_s,
                                  u"templates/pid_map.csv"_s}) {
             QDir(m_folder.path()).mkpath(QFileInfo(file).path());
@@ -84,6 +86,12 @@ private Q_SLOTS:
         QTest::newRow("four values")
             << u"templates/lines.csv"_s << QByteArray("ANALYZER,GENERAL,48,Tag number,,4")
             << u"lines.csv:750: ValueCells is out of range"_s;
+        QTest::newRow("a value with two places")
+            << u"template/seed/Map.csv"_s << QByteArray("ANALYZER,NOTES,H6,REQUISITION,document")
+            << u"Map.csv:476: REQUISITION is mapped a second time"_s;
+        QTest::newRow("a place for a value that no cell holds")
+            << u"templates/echoes.csv"_s << QByteArray("NOTES,H3,document,SKETCH")
+            << u"echoes.csv:14: SKETCH is not mapped for PRESSURE TRANSMITTER"_s;
         QTest::newRow("a place that is no number")
             << u"template/seed/DtShtWorksheets.csv"_s
             << QByteArray("ANALYZER,NOTES,A1,left,2,B14,False")

@@ -14,6 +14,11 @@ public:
     ~MemoryDesk() override { clear(); }
 
     void typeIn(const QString& sheet, const QString& cell, const QString& text) override;
+    /// A command ends the entry, which makes no difference here.
+    void beginTyping(const QString& sheet, const QString& cell, const QString& text) override
+    {
+        typeIn(sheet, cell, text);
+    }
     void selectSheet(const QString& sheet) override { office.select(sheet); }
     void save() override { office.pressSave(); }
     void saveAs(const QString& file) override { office.pressSaveAs(file); }

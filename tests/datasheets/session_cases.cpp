@@ -21,6 +21,9 @@ const QString front = SessionDesk::front;
 const QString notes = SessionDesk::notes;
 const QString question = u"You have modified data that belongs to the index.\r\n"
                          "Do you wish to update the index database?"_s;
+const QString lostMessage =
+    u"The spreadsheet application has ended unexpectedly. Changes of datasheet PT-1.xls since its "
+    "last save are lost."_s;
 const QString tagMessage =
     u"One cannot edit tag number from datasheet. Please, modify tag from index."_s;
 
@@ -412,6 +415,33 @@ void SessionCases::savingTwiceAsksOnce()
     m_desk->save();
     see({question});
     QCOMPARE(stored(u"Manufacturer"_s), u"Third"_s);
+}
+
+void SessionCases::anEntryThatIsStillOpenCountsAtSaving()
+{
+    m_desk->openDatasheet();
+    m_desk->save(); // from here on only a change has it look for differences
+    m_desk->settle();
+    m_desk->beginTyping(front, u"D13"_s, u"Halden"_s);
+    answer(Answer::Yes);
+    m_desk->save();
+    see({question});
+    QCOMPARE(stored(u"Manufacturer"_s), u"Halden"_s);
+}
+
+void SessionCases::anEntryThatIsStillOpenCountsAtClosing()
+{
+    m_desk->openDatasheet();
+    m_desk->save();
+    m_desk->settle();
+    m_desk->beginTyping(front, u"D13"_s, u"Halden"_s);
+    answer(Answer::Yes);
+    m_desk->closeWindow();
+    see({question});
+    waitForEnd();
+    QCOMPARE(stored(u"Manufacturer"_s), u"Halden"_s);
+    QVERIFY(SessionDesk::storedValue(m_desk->path(u"sheets/PT-1.xls"_s), front, u"D13"_s)
+            == text(u"Halden"));
 }
 
 void SessionCases::savingUnderAnotherNameUpdatesTheDatabase()
@@ -907,14 +937,49 @@ void SessionCases::anApplicationThatDiesGivesTheMainWindowBack()
     m_desk->kill();
     QTRY_COMPARE_WITH_TIMEOUT(program().prompts.boxes.size(), std::size_t{1}, patience);
     QVERIFY(program().prompts.boxes[0].icon == toolkit::BoxIcon::Exclamation);
-    see({u"The spreadsheet application has ended unexpectedly. Changes of datasheet PT-1.xls "
-         "since its last save are lost."_s});
+    see({lostMessage});
     waitForEnd();
     QCOMPARE(stored(u"Manufacturer"_s), u"Calder & Roe"_s);
     // The next session starts the application anew.
     program().press(u"cmdDatasheet"_s);
     QTRY_VERIFY_WITH_TIMEOUT(m_desk->isWindowVisible(), patience);
     QCOMPARE(m_desk->cellText(front, u"D13"_s), u"Calder & Roe"_s);
+}
+
+void SessionCases::anApplicationThatDiesUnderTheQuestionIsToldOnce_data()
+{
+    QTest::addColumn<bool>("closes");
+    QTest::newRow("saving") << false;
+    QTest::newRow("closing") << true;
+}
+
+void SessionCases::anApplicationThatDiesUnderTheQuestionIsToldOnce()
+{
+    QFETCH(const bool, closes);
+    m_desk->openDatasheet();
+    m_desk->typeIn(front, u"D13"_s, u"Halden"_s);
+    answer(Answer::Yes);
+    program().prompts.whileOpen = [this](const toolkit::Box& box) {
+        if (box.text == question)
+            m_desk->kill();
+    };
+    if (closes)
+        m_desk->closeWindow();
+    else
+        m_desk->save();
+    see({question, lostMessage});
+    waitForEnd();
+    QCOMPARE(stored(u"Manufacturer"_s), u"Calder & Roe"_s);
+}
+
+void SessionCases::anApplicationThatDiesUnderItsOwnQuestionIsToldOnce()
+{
+    m_desk->openDatasheet();
+    m_desk->typeIn(front, u"D30"_s, u"unmapped"_s);
+    m_desk->answerUnsaved(UnsavedAnswer::Death);
+    m_desk->closeWindow();
+    see({lostMessage});
+    waitForEnd();
 }
 
 } // namespace ostrand::tests

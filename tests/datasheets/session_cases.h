@@ -53,6 +53,8 @@ private Q_SLOTS:
     void savingWithYesUpdatesTheDatabaseAndTheFile();
     void savingWithNoPutsTheDatabaseBackAndSavesNothing();
     void savingTwiceAsksOnce();
+    void anEntryThatIsStillOpenCountsAtSaving();
+    void anEntryThatIsStillOpenCountsAtClosing();
     void savingUnderAnotherNameUpdatesTheDatabase();
     void aSaveThatFailsIsToldAndKeepsTheSession();
 
@@ -92,6 +94,9 @@ private Q_SLOTS:
     void leavingTheProgramIsOffWhileTheDatasheetStaysOpen();
     void releasingTheSessionClosesTheDatasheet();
     void anApplicationThatDiesGivesTheMainWindowBack();
+    void anApplicationThatDiesUnderTheQuestionIsToldOnce_data();
+    void anApplicationThatDiesUnderTheQuestionIsToldOnce();
+    void anApplicationThatDiesUnderItsOwnQuestionIsToldOnce();
 
 private:
     IndexFixture& program() { return m_desk->program(); }

@@ -62,6 +62,8 @@ public:
     /// Selects the sheet and a cell, and types there as on a keyboard: "12" becomes a number,
     /// "TRUE" a truth value, "2026-03-01" a date, "=6*2" a formula. "" empties the cell.
     virtual void typeIn(const QString& sheet, const QString& cell, const QString& text) = 0;
+    /// The same, and leaves the entry open.
+    virtual void beginTyping(const QString& sheet, const QString& cell, const QString& text) = 0;
     /// Brings a sheet to the front and selects a cell there.
     virtual void selectSheet(const QString& sheet) = 0;
     virtual void save() = 0;

@@ -65,6 +65,12 @@ void OfficeDesk::typeIn(const QString& sheet, const QString& cell, const QString
     settle();
 }
 
+void OfficeDesk::beginTyping(const QString& sheet, const QString& cell, const QString& text)
+{
+    goTo(sheet, cell);
+    OfficeDisplay::type(text);
+}
+
 void OfficeDesk::saveAs(const QString& file)
 {
     press({u"ctrl+shift+s"_s});
@@ -97,6 +103,9 @@ void OfficeDesk::answerQuestion()
         break;
     case UnsavedAnswer::Cancel:
         OfficeDisplay::press({u"Escape"_s});
+        break;
+    case UnsavedAnswer::Death:
+        kill();
         break;
     }
 }

@@ -20,6 +20,7 @@ public:
     ~OfficeDesk() override;
 
     void typeIn(const QString& sheet, const QString& cell, const QString& text) override;
+    void beginTyping(const QString& sheet, const QString& cell, const QString& text) override;
     void selectSheet(const QString& sheet) override { goTo(sheet, QStringLiteral("A1")); }
     void save() override { press({QStringLiteral("ctrl+s")}); }
     void saveAs(const QString& file) override;

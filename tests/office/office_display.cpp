@@ -62,11 +62,6 @@ void OfficeDisplay::type(const QString& text)
     xdotool({u"type"_s, u"--delay"_s, u"15"_s, text});
 }
 
-void OfficeDisplay::click(int x, int y)
-{
-    xdotool({u"mousemove"_s, QString::number(x), QString::number(y), u"click"_s, u"1"_s});
-}
-
 QStringList OfficeDisplay::windows()
 {
     QStringList titles;
@@ -87,11 +82,6 @@ bool OfficeDisplay::activate(const QString& title)
         return false;
     xdotool({u"windowactivate"_s, u"--sync"_s, id});
     return true;
-}
-
-void OfficeDisplay::photograph(const QString& path)
-{
-    run(u"import"_s, {u"-window"_s, u"root"_s, path});
 }
 
 } // namespace ostrand::tests

@@ -22,13 +22,10 @@ public:
     /// Presses keys such as "ctrl+s", in the window that has the focus.
     static void press(const QStringList& keys);
     static void type(const QString& text);
-    static void click(int x, int y);
     /// The titles of the windows that show.
     static QStringList windows();
     /// Brings a window whose title matches to the front; false when there is none.
     static bool activate(const QString& title);
-    /// Leaves a picture of the display.
-    static void photograph(const QString& path);
 
 private:
     static QString xdotool(const QStringList& words);

@@ -23,6 +23,7 @@ public:
         return opened;
     }
     std::shared_ptr<Workbook> Add() override { return m_real->Add(); }
+    bool isRunning() const override { return m_real->isRunning(); }
     void setVisible(bool visible) override { m_real->setVisible(visible); }
     void Quit() override { m_real->Quit(); }
 

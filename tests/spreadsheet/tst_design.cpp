@@ -105,6 +105,39 @@ private Q_SLOTS:
         QCOMPARE(lookOf(*sheet).style(u"A1"_s).borders->outer, 0.75);
     }
 
+    static void aFormulaFollowsItsCellsBeforeAndAfterTheFile()
+    {
+        const OfficeFixture office;
+        const auto textAt = [](spreadsheet::Worksheet& sheet, const QString& cell) {
+            return std::get<QString>(sheet.Range(cell)->Value());
+        };
+        const auto workbook = written(office, [&](spreadsheet::Worksheet& sheet) {
+            sheet.design().setName(u"FORM"_s);
+            sheet.design().setFormula(u"B2"_s, u"=IF(A1=\"\";\"\";A1)"_s);
+            sheet.design().setFormula(u"C2"_s, u"=IF($FORM.A1=\"\";\"\";$FORM.A1)"_s);
+            QCOMPARE(textAt(sheet, u"B2"_s), QString());
+            sheet.Range(u"A1"_s)->setValue(u"0012"_s);
+            QCOMPARE(textAt(sheet, u"B2"_s), u"0012"_s);
+        });
+        const auto sheet = workbook->Worksheets(1);
+        QCOMPARE(textAt(*sheet, u"C2"_s), u"0012"_s);
+        sheet->Range(u"A1"_s)->setValue(u"flow"_s);
+        QCOMPARE(textAt(*sheet, u"B2"_s), u"flow"_s);
+        QCOMPARE(textAt(*sheet, u"C2"_s), u"flow"_s);
+        sheet->Range(u"A1"_s)->setValue(QString());
+        QCOMPARE(textAt(*sheet, u"C2"_s), QString());
+    }
+
+    static void aFaultyFormulaShowsAnError()
+    {
+        const OfficeFixture office;
+        const auto workbook = written(office, [](spreadsheet::Worksheet& sheet) {
+            sheet.design().setFormula(u"B2"_s, u"=1/0"_s);
+        });
+        const auto value = workbook->Worksheets(1)->Range(u"B2"_s)->Value();
+        QVERIFY(std::holds_alternative<spreadsheet::CellError>(value));
+    }
+
     static void thinAndMediumLinesSurviveTheFile()
     {
         const OfficeFixture office;

@@ -270,6 +270,18 @@ private Q_SLOTS:
         QCOMPARE(number, 462);
     }
 
+    /// A call may write to the pipe before anybody has noticed that its other end is gone.
+    static void aBrokenPipeEndsNoProgram()
+    {
+        const OfficeFixture office;
+        const auto application = spreadsheet::CreateObject();
+        const auto workbook = application->Add();
+        ::raise(SIGPIPE);
+        ::kill(static_cast<pid_t>(-spreadsheet::hostProcess()), SIGKILL);
+        QTRY_COMPARE(errorOf([&] { workbook->SheetCount(); }), 462);
+        QVERIFY(!application->isRunning());
+    }
+
     static void anApplicationThatHangsHoldsUpNoEnd()
     {
         const OfficeFixture office;

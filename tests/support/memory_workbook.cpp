@@ -308,6 +308,10 @@ bool MemoryWorkbook::askUser()
         answer = office.answers.front();
         office.answers.pop_front();
     }
+    if (answer == UnsavedAnswer::Death) {
+        office.kill();
+        requireAlive();
+    }
     if (answer != UnsavedAnswer::Save)
         return answer == UnsavedAnswer::Discard;
     try {

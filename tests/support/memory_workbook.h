@@ -54,6 +54,11 @@ private:
                     const std::vector<std::vector<spreadsheet::CellEntry>>&) override
     {
     }
+    /// Nothing is reckoned: the cell holds the formula as a text.
+    void setFormula(const QString& cell, const QString& formula) override
+    {
+        setText(cell, formula);
+    }
     void setStyle(const QString&, const spreadsheet::CellStyle&) override {}
     void merge(const QString&) override {}
     void setColumnWidth(const QString&, double) override {}
@@ -124,6 +129,7 @@ public:
 
     std::shared_ptr<spreadsheet::Workbook> Open(const QString& path) override;
     std::shared_ptr<spreadsheet::Workbook> Add() override;
+    bool isRunning() const override { return !m_dead; }
     void setVisible(bool visible) override;
     void Quit() override;
 

@@ -4,7 +4,8 @@
 
 namespace ostrand::tests {
 
-/// The user's answer when the spreadsheet application asks about unsaved changes.
-enum class UnsavedAnswer { Save, Discard, Cancel };
+/// The user's answer when the spreadsheet application asks about unsaved changes; with Death it
+/// ends without warning instead.
+enum class UnsavedAnswer { Save, Discard, Cancel, Death };
 
 } // namespace ostrand::tests

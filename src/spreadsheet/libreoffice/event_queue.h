@@ -21,8 +21,14 @@ class EventQueue : public QObject
 public:
     using Event = std::function<void()>;
 
+    /// News of what has happened, and commands that wait for our leave.
+    enum class Kind { News, Command };
+
     /// From any thread.
-    void post(Event event);
+    void post(Kind kind, Event event);
+    /// Handles the news that wait, on the main thread and although events are held up. For who has
+    /// just made the application tell something that he needs to know.
+    void handleNews();
 
     /// While one stands, events wait.
     class Hold
@@ -43,7 +49,12 @@ private:
     void wake();
 
     std::mutex m_mutex;
-    std::deque<Event> m_events;
+    struct Posted
+    {
+        Kind kind;
+        Event event;
+    };
+    std::deque<Posted> m_events;
     int m_holds = 0; ///< of the main thread alone
 };
 

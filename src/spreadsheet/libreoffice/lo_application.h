@@ -19,6 +19,7 @@ public:
 
     std::shared_ptr<Workbook> Open(const QString& path) override;
     std::shared_ptr<Workbook> Add() override;
+    bool isRunning() const override { return m_office->answers(); }
     void setVisible(bool visible) override;
     void Quit() override;
 

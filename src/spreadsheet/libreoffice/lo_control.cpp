@@ -25,10 +25,10 @@ namespace {
 class LoControl final : public Control
 {
 public:
-    LoControl(LoWorksheet& sheet, Reference<css::beans::XPropertySet> model)
+    LoControl(LoWorksheet& sheet, const Reference<css::beans::XPropertySet>& model)
         : m_workbook(sheet.workbook().shared_from_this()),
           m_sheetName(sheet.cachedName()),
-          m_model(std::move(model))
+          m_model(model)
     {
     }
 

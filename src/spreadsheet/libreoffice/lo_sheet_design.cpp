@@ -106,6 +106,12 @@ void LoSheetDesign::setEntries(const QString& first,
     m_sheet.workbook().noteChange(m_sheet.cachedName());
 }
 
+void LoSheetDesign::setFormula(const QString& cell, const QString& formula)
+{
+    guarded([&] { block(cell)->getCellByPosition(0, 0)->setFormula(unoText(formula)); });
+    m_sheet.workbook().noteChange(m_sheet.cachedName());
+}
+
 void LoSheetDesign::setStyle(const QString& reference, const CellStyle& style)
 {
     guarded([&] { applyStyle(block(reference), style); });

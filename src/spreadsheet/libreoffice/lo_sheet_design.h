@@ -22,6 +22,7 @@ public:
     void setName(const QString& name) override;
     void setText(const QString& cell, const QString& text) override;
     void setEntries(const QString& first, const std::vector<std::vector<CellEntry>>& rows) override;
+    void setFormula(const QString& cell, const QString& formula) override;
     void setStyle(const QString& reference, const CellStyle& style) override;
     void merge(const QString& reference) override;
     void setColumnWidth(const QString& column, double characters) override;

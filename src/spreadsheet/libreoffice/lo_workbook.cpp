@@ -69,9 +69,9 @@ Reference<Interface> userProperties(const Reference<css::sheet::XSpreadsheetDocu
 } // namespace
 
 LoWorkbook::LoWorkbook(std::shared_ptr<LoApplication> application,
-                       Reference<css::sheet::XSpreadsheetDocument> document)
+                       const Reference<css::sheet::XSpreadsheetDocument>& document)
     : m_application(std::move(application)),
-      m_document(std::move(document)),
+      m_document(document),
       m_model(m_document, UNO_QUERY_THROW),
       m_storable(m_document, UNO_QUERY_THROW),
       m_modifiable(m_document, UNO_QUERY_THROW),

@@ -25,9 +25,9 @@ class WorkbookListener;
 class LoWorkbook final : public Workbook, public std::enable_shared_from_this<LoWorkbook>
 {
 public:
-    LoWorkbook(
-        std::shared_ptr<LoApplication> application,
-        com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument> document);
+    LoWorkbook(std::shared_ptr<LoApplication> application,
+               const com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument>&
+                   document);
     ~LoWorkbook() override;
     LoWorkbook(const LoWorkbook&) = delete;
     LoWorkbook& operator=(const LoWorkbook&) = delete;
@@ -76,7 +76,7 @@ public:
     /// The user gave a command to save; `passOn` has the application carry it out.
     void userSaves(bool asUi, const std::function<void()>& passOn);
     void userCloses();
-    void userSelected();
+    void userSelected() const;
     /// A cell of a sheet was changed, by its name; "" when nobody knows on which.
     void userChanged(const QString& sheet);
 
@@ -84,6 +84,7 @@ private:
     void requireOpen() const;
     com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheets> sheets() const;
     void endWriting() noexcept;
+    void endCellEntry();
     void show(bool visible);
     void whenAtRest(const std::function<void(LoWorkbook&)>& action);
     void store();
@@ -111,7 +112,7 @@ private:
     bool m_showPending = false;
     bool m_hasChanged = false; ///< the application itself does not note it in a read-only document
     bool m_writing = false;
-    std::optional<bool> m_wasMaximized; ///< of the window when it was hidden
+    bool m_isShown = false;
 };
 
 } // namespace ostrand::spreadsheet::libreoffice

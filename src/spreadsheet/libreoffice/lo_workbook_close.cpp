@@ -26,13 +26,17 @@ void LoWorkbook::Close(SaveChanges changes)
     requireOpen();
     const std::shared_ptr<LoWorkbook> self = shared_from_this();
     const EventQueue::Hold hold(*office().events());
-    if (raiseBeforeClose(changes))
+    endCellEntry();
+    if (raiseBeforeClose(changes) && office().isAlive())
         settle(changes);
 }
 
 void LoWorkbook::userCloses()
 {
-    if (m_open && raiseBeforeClose(SaveChanges::Ask))
+    if (!m_open)
+        return;
+    endCellEntry();
+    if (raiseBeforeClose(SaveChanges::Ask) && office().isAlive())
         settle(SaveChanges::Ask);
 }
 
@@ -115,6 +119,8 @@ bool LoWorkbook::tryClose() const
 {
     try {
         const Reference<css::frame::XFrame> frame = controller()->getFrame();
+        if (m_isShown)
+            office().noteWindowFillsScreen(fillsScreen(frame));
         try {
             Reference<css::util::XCloseable>(m_document, UNO_QUERY_THROW)->close(true);
             return true;

@@ -10,6 +10,8 @@
 #include "spreadsheet/libreoffice/window_commands.h"
 #include "spreadsheet/libreoffice/workbook_listener.h"
 
+#include <com/sun/star/frame/DispatchHelper.hpp>
+#include <com/sun/star/frame/XDispatchProvider.hpp>
 #include <utility>
 
 namespace css = com::sun::star;
@@ -40,12 +42,15 @@ void LoWorkbook::show(bool visible)
 {
     const Reference<css::frame::XFrame> frame = controller()->getFrame();
     if (!visible) {
-        m_wasMaximized = hideWindow(frame);
+        if (std::exchange(m_isShown, false))
+            office().noteWindowFillsScreen(fillsScreen(frame));
+        hideWindow(frame);
         return;
     }
     if (!std::exchange(m_hasShown, true))
         banStatusBar(frame);
-    showWindow(frame, std::exchange(m_wasMaximized, std::nullopt));
+    if (!std::exchange(m_isShown, true))
+        showWindow(frame, office().windowFillsScreen());
 }
 
 /// Runs an action on an open workbook when the main thread comes to rest. A failure means that the
@@ -137,16 +142,33 @@ void LoWorkbook::userChanged(const QString& sheet)
     noteChange(sheet);
 }
 
-void LoWorkbook::userSelected()
+void LoWorkbook::userSelected() const
 {
     if (m_open && m_events.SheetSelectionChange)
         m_events.SheetSelectionChange();
+}
+
+/// What the user was typing into a cell when he gave a command belongs to the cell: the handlers
+/// have to see it, and to hear of the change first. Any command ends such an entry; this one does
+/// nothing else.
+void LoWorkbook::endCellEntry()
+{
+    if (!m_listener || !m_hasShown)
+        return;
+    const Reference<css::frame::XDispatchProvider> window(
+        guarded([this] { return controller()->getFrame(); }), css::uno::UNO_QUERY);
+    office().callInOffice([window, context = office().context()] {
+        css::frame::DispatchHelper::create(context)->executeDispatch(
+            window, ".uno:AcceptFormula", {}, 0, {});
+    });
+    office().events()->handleNews();
 }
 
 void LoWorkbook::userSaves(bool asUi, const std::function<void()>& passOn)
 {
     if (!m_open)
         return;
+    endCellEntry();
     bool cancel = false;
     if (m_events.BeforeSave)
         m_events.BeforeSave(asUi, cancel);

@@ -22,9 +22,9 @@ using css::uno::UNO_QUERY_THROW;
 namespace ostrand::spreadsheet::libreoffice {
 
 LoWorksheet::LoWorksheet(std::shared_ptr<LoWorkbook> workbook,
-                         Reference<css::sheet::XSpreadsheet> sheet)
+                         const Reference<css::sheet::XSpreadsheet>& sheet)
     : m_workbook(std::move(workbook)),
-      m_sheet(m_workbook->office().keeper()->keep(std::move(sheet))),
+      m_sheet(m_workbook->office().keeper()->keep(sheet)),
       m_name(Name())
 {
 }

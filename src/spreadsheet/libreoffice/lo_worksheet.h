@@ -13,7 +13,7 @@ class LoWorksheet final : public Worksheet
 {
 public:
     LoWorksheet(std::shared_ptr<LoWorkbook> workbook,
-                com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheet> sheet);
+                const com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheet>& sheet);
     ~LoWorksheet() override;
     LoWorksheet(const LoWorksheet&) = delete;
     LoWorksheet& operator=(const LoWorksheet&) = delete;

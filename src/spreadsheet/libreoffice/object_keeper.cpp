@@ -13,7 +13,7 @@ constexpr std::chrono::seconds keepingTime{3};
 
 } // namespace
 
-void ObjectKeeper::hold(Object object)
+void ObjectKeeper::hold(const Object& object)
 {
     if (!object.is())
         return;
@@ -24,7 +24,7 @@ void ObjectKeeper::hold(Object object)
         old.push_back(std::move(m_objects.front()));
         m_objects.pop_front();
     }
-    m_objects.push_back({now, std::move(object)});
+    m_objects.push_back({now, object});
 }
 
 void ObjectKeeper::clear()

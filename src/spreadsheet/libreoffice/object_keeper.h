@@ -39,7 +39,7 @@ private:
         Object object;
     };
 
-    void hold(Object object);
+    void hold(const Object& object);
 
     std::mutex m_mutex;
     std::deque<Kept> m_objects;

@@ -50,7 +50,7 @@ std::shared_ptr<Office> Office::start(const HostSettings& settings)
     office->m_connection.onEnd(
         [alive = office->m_alive, events = office->m_events, weak = office->weak_from_this()] {
             *alive = false;
-            events->post([weak] {
+            events->post(EventQueue::Kind::Command, [weak] {
                 if (const std::shared_ptr<Office> ended = weak.lock())
                     ended->noticeEnd();
             });
@@ -140,6 +140,17 @@ void Office::callBriefly(const std::function<void()>& calls)
         kill();
 }
 
+bool Office::answers() const
+{
+    if (!isAlive())
+        return false;
+    try {
+        return guarded([this] { return context()->getServiceManager().is(); });
+    } catch (const Error&) {
+        return false;
+    }
+}
+
 void Office::kill()
 {
     *m_alive = false;
@@ -162,7 +173,7 @@ void Office::onEnd(const std::weak_ptr<void>& keeper, std::function<void()> ende
     m_endHandlers.push_back({keeper, std::move(ended)});
 }
 
-void Office::postToOffice(std::function<void()> calls)
+void Office::postToOffice(std::function<void()> calls) const
 {
     if (!isAlive())
         return;
@@ -172,7 +183,7 @@ void Office::postToOffice(std::function<void()> calls)
     }
 }
 
-void Office::callInOffice(const std::function<void()>& calls)
+void Office::callInOffice(const std::function<void()>& calls) const
 {
     struct Call
     {

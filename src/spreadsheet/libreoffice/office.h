@@ -13,6 +13,7 @@
 #include <com/sun/star/frame/XDesktop2.hpp>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace ostrand::spreadsheet::libreoffice {
@@ -31,6 +32,8 @@ public:
 
     /// False once it has ended, by whatever cause.
     bool isAlive() const { return *m_alive; }
+    /// The same by asking it, for who cannot wait until the line is found to be cut.
+    bool answers() const;
     qint64 process() { return m_process.group(); }
     const HostSettings& settings() const { return m_settings; }
 
@@ -48,10 +51,10 @@ public:
 
     /// Runs calls on the application's own main thread, where its windows and questions belong, and
     /// returns at once. Nothing happens when it has ended.
-    void postToOffice(std::function<void()> calls);
+    void postToOffice(std::function<void()> calls) const;
     /// The same, and waits for the end, while windows are painted but take no input. Raises 462
     /// when the application ends meanwhile, and what the calls raise.
-    void callInOffice(const std::function<void()>& calls);
+    void callInOffice(const std::function<void()>& calls) const;
 
     /// The same on a thread of its own, for calls that end something: they must not hold the
     /// program up, so the application is killed when it does not answer in time. The calls raise
@@ -62,6 +65,11 @@ public:
     void end();
     /// Ends it at once, with all that it has open.
     void kill();
+
+    /// Whether the window that showed last filled the screen: the next one does so too. Nothing
+    /// before the first.
+    std::optional<bool> windowFillsScreen() const { return m_windowFillsScreen; }
+    void noteWindowFillsScreen(bool fills) { m_windowFillsScreen = fills; }
 
     /// Counts the workbooks that are open in it.
     void noteOpened() { ++m_workbooks; }
@@ -93,6 +101,7 @@ private:
     };
     std::vector<EndHandler> m_endHandlers;
     int m_workbooks = 0;
+    std::optional<bool> m_windowFillsScreen;
     CallWatch m_watch; ///< the last, as its thread uses the others
 };
 

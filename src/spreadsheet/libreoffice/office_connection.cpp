@@ -11,6 +11,7 @@
 #include <com/sun/star/lang/XComponent.hpp>
 #include <cppuhelper/bootstrap.hxx>
 #include <cppuhelper/implbase1.hxx>
+#include <csignal>
 #include <rtl/bootstrap.hxx>
 
 namespace css = com::sun::star;
@@ -38,6 +39,9 @@ private:
 const Reference<css::uno::XComponentContext>& localContext()
 {
     static const Reference<css::uno::XComponentContext> context = [] {
+        // A call to an application that has just ended writes to a closed pipe. It is to fail, and
+        // not to end this program.
+        std::signal(SIGPIPE, SIG_IGN);
         // Without the office's own types the first call on one of its interfaces crashes.
         rtl::Bootstrap::set("URE_MORE_TYPES",
                             unoText(u"file://" OSTRAND_LIBREOFFICE "/program/types/offapi.rdb"_s));

@@ -31,7 +31,7 @@ echo $office
 guard=$!
 wait $office
 kill -KILL -$office $guard 2>/dev/null
-tail -n 1 "$profile/log"
+grep -v javaldx "$profile/log" | tail -n 1
 tries=40
 while [ $tries -gt 0 ] && kill -0 -$office 2>/dev/null; do sleep 0.05; tries=$((tries - 1)); done
 rm -rf "$profile"

@@ -7,8 +7,8 @@
 namespace ostrand::spreadsheet::libreoffice {
 
 /// Waits on the main thread until the condition holds, or for so many milliseconds (a negative
-/// number is for ever), while windows are painted but take no input: what the user does meanwhile
-/// comes afterwards. False when the time is over.
+/// number is for ever), while windows are painted but take no input: what the user does to
+/// them meanwhile is dropped. False when the time is over.
 bool waitPatiently(const std::function<bool()>& condition, int timeout = -1);
 
 } // namespace ostrand::spreadsheet::libreoffice

@@ -19,8 +19,8 @@ namespace {
 class StatusBarBan final : public cppu::WeakImplHelper1<css::frame::XLayoutManagerListener>
 {
 public:
-    explicit StatusBarBan(Reference<css::frame::XLayoutManager> layout)
-        : m_layout(std::move(layout))
+    explicit StatusBarBan(const Reference<css::frame::XLayoutManager>& layout)
+        : m_layout(layout)
     {
     }
     void SAL_CALL layoutEvent(const css::lang::EventObject& /*source*/,
@@ -48,25 +48,27 @@ void banStatusBar(const Reference<css::frame::XFrame>& frame)
         events->addLayoutManagerEventListener(new StatusBarBan(layout));
 }
 
-void showWindow(const Reference<css::frame::XFrame>& frame, std::optional<bool> maximized)
+void showWindow(const Reference<css::frame::XFrame>& frame, std::optional<bool> fillsScreen)
 {
     const Reference<css::awt::XWindow> window = frame->getContainerWindow();
     window->setVisible(true);
     const Reference<css::awt::XTopWindow2> top(window, css::uno::UNO_QUERY);
     if (!top.is())
         return;
-    if (maximized)
-        top->setIsMaximized(*maximized);
+    if (fillsScreen)
+        top->setIsMaximized(*fillsScreen);
     top->toFront();
 }
 
-bool hideWindow(const Reference<css::frame::XFrame>& frame)
+void hideWindow(const Reference<css::frame::XFrame>& frame)
 {
-    const Reference<css::awt::XWindow> window = frame->getContainerWindow();
-    const Reference<css::awt::XTopWindow2> top(window, css::uno::UNO_QUERY);
-    const bool maximized = top.is() && top->getIsMaximized();
-    window->setVisible(false);
-    return maximized;
+    frame->getContainerWindow()->setVisible(false);
+}
+
+bool fillsScreen(const Reference<css::frame::XFrame>& frame)
+{
+    const Reference<css::awt::XTopWindow2> top(frame->getContainerWindow(), css::uno::UNO_QUERY);
+    return top.is() && top->getIsMaximized();
 }
 
 } // namespace ostrand::spreadsheet::libreoffice

@@ -12,10 +12,10 @@ namespace ostrand::spreadsheet::libreoffice {
 void banStatusBar(const com::sun::star::uno::Reference<com::sun::star::frame::XFrame>& frame);
 
 /// Shows a document's window in front. The window manager forgets of a hidden window whether it
-/// filled the screen: `maximized` says so, and nothing leaves its size alone.
+/// filled the screen: `fillsScreen` says so, and nothing leaves its size alone.
 void showWindow(const com::sun::star::uno::Reference<com::sun::star::frame::XFrame>& frame,
-                std::optional<bool> maximized);
-/// Hides a document's window; true when it filled the screen.
-bool hideWindow(const com::sun::star::uno::Reference<com::sun::star::frame::XFrame>& frame);
+                std::optional<bool> fillsScreen);
+void hideWindow(const com::sun::star::uno::Reference<com::sun::star::frame::XFrame>& frame);
+bool fillsScreen(const com::sun::star::uno::Reference<com::sun::star::frame::XFrame>& frame);
 
 } // namespace ostrand::spreadsheet::libreoffice

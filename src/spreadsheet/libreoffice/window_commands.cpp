@@ -97,12 +97,12 @@ public:
                std::weak_ptr<LoWorkbook> workbook,
                std::shared_ptr<EventQueue> events,
                std::shared_ptr<std::atomic<int>> saves,
-               Reference<css::frame::XDispatch> original)
+               const Reference<css::frame::XDispatch>& original)
         : m_role(role),
           m_workbook(std::move(workbook)),
           m_events(std::move(events)),
           m_saves(std::move(saves)),
-          m_original(std::move(original))
+          m_original(original)
     {
     }
 
@@ -114,10 +114,11 @@ public:
             m_original->dispatch(command, untilDone(arguments));
             return;
         }
-        m_events->post([this, self = Reference<css::frame::XDispatch>(this), command, arguments] {
-            if (const std::shared_ptr<LoWorkbook> workbook = m_workbook.lock())
-                handle(*workbook, command, arguments);
-        });
+        m_events->post(EventQueue::Kind::Command,
+                       [this, self = Reference<css::frame::XDispatch>(this), command, arguments] {
+                           if (const std::shared_ptr<LoWorkbook> workbook = m_workbook.lock())
+                               handle(*workbook, command, arguments);
+                       });
     }
     void SAL_CALL addStatusListener(const Reference<css::frame::XStatusListener>& listener,
                                     const css::util::URL& command) override

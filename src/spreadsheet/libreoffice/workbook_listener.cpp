@@ -108,7 +108,7 @@ private:
     {
         if (QThread::currentThread() == QCoreApplication::instance()->thread())
             return;
-        m_events->post([weak = m_workbook, event = std::move(event)] {
+        m_events->post(EventQueue::Kind::News, [weak = m_workbook, event = std::move(event)] {
             if (const std::shared_ptr<LoWorkbook> workbook = weak.lock())
                 event(*workbook);
         });
