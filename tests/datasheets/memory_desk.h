@@ -20,6 +20,7 @@ public:
         typeIn(sheet, cell, text);
     }
     void selectSheet(const QString& sheet) override { office.select(sheet); }
+    void undo() override {} // nothing can be undone there
     void save() override { office.pressSave(); }
     void saveAs(const QString& file) override { office.pressSaveAs(file); }
     void closeWindow() override { office.pressClose(); }

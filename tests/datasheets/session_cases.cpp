@@ -207,6 +207,16 @@ void SessionCases::openingFillsTheMappedCells()
     seeNothing();
 }
 
+void SessionCases::fillingIsNotUndone()
+{
+    m_desk->openDatasheet();
+    m_desk->undo();
+    m_desk->undo();
+    m_desk->settle();
+    QCOMPARE(m_desk->cellText(front, u"D13"_s), u"Calder & Roe"_s);
+    QCOMPARE(m_desk->cellText(notes, u"B14"_s), u"none"_s);
+}
+
 void SessionCases::theDatabaseWinsAtEveryOpening()
 {
     m_desk->openDatasheet();

@@ -37,6 +37,7 @@ private Q_SLOTS:
     // ---- opening
     void openingShowsTheDatasheetAndTakesTheMainWindow();
     void openingFillsTheMappedCells();
+    void fillingIsNotUndone();
     void theDatabaseWinsAtEveryOpening();
     void aNullValueClearsItsCell();
     void theLastDocumentOfAKindIsShown();

@@ -66,6 +66,7 @@ public:
     virtual void beginTyping(const QString& sheet, const QString& cell, const QString& text) = 0;
     /// Brings a sheet to the front and selects a cell there.
     virtual void selectSheet(const QString& sheet) = 0;
+    virtual void undo() = 0;
     virtual void save() = 0;
     /// Saves under another name, in the datasheet's format.
     virtual void saveAs(const QString& path) = 0;

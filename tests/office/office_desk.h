@@ -22,6 +22,7 @@ public:
     void typeIn(const QString& sheet, const QString& cell, const QString& text) override;
     void beginTyping(const QString& sheet, const QString& cell, const QString& text) override;
     void selectSheet(const QString& sheet) override { goTo(sheet, QStringLiteral("A1")); }
+    void undo() override { press({QStringLiteral("ctrl+z")}); }
     void save() override { press({QStringLiteral("ctrl+s")}); }
     void saveAs(const QString& file) override;
     void closeWindow() override;

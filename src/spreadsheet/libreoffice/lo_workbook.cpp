@@ -190,6 +190,7 @@ void LoWorkbook::setCustomDocumentProperty(const QString& name, const QString& v
 
 void LoWorkbook::store()
 {
+    endWriting(); // afterwards it would count as a change
     const QString path = filePathOf(m_model->getURL());
     if (m_storable->isReadonly())
         throw Error(errors::permissionDenied, tr("The file %1 is read-only.").arg(path));
@@ -214,6 +215,7 @@ void LoWorkbook::Save()
 void LoWorkbook::SaveAs(const QString& path, FileFormat format)
 {
     requireOpen();
+    endWriting();
     requireWritable(path);
     const char* filter = format == FileFormat::Template ? templateFilter : workbookFilter;
     guarded([&] {
@@ -226,6 +228,7 @@ void LoWorkbook::SaveAs(const QString& path, FileFormat format)
 void LoWorkbook::SaveCopyAs(const QString& path)
 {
     requireOpen();
+    endWriting();
     requireWritable(path);
     // The copy takes its place as a whole, so that a failure leaves what was there.
     const QString whole = path + u".part"_s;

@@ -10,6 +10,7 @@
 #include "spreadsheet/libreoffice/window_commands.h"
 #include "spreadsheet/libreoffice/workbook_listener.h"
 
+#include <algorithm>
 #include <com/sun/star/frame/DispatchHelper.hpp>
 #include <com/sun/star/frame/XDispatchProvider.hpp>
 #include <utility>
@@ -64,24 +65,21 @@ void LoWorkbook::whenAtRest(const std::function<void(LoWorkbook&)>& action)
             if (!workbook || !workbook->m_open)
                 return;
             try {
-                action(*workbook);
-            } catch (const css::uno::Exception&) {
+                guarded([&] { action(*workbook); });
+            } catch (const Error&) {
                 return;
             }
         },
         Qt::QueuedConnection);
 }
 
-/// While the program writes, the window need not follow each cell, and the user has nothing to
-/// undo. It ends when the main thread comes to rest.
+/// While the program writes, the window need not follow each cell. That ends when the main thread
+/// comes to rest; what the program has written is then no step that its user could undo.
 void LoWorkbook::beginWriting()
 {
     if (std::exchange(m_writing, true))
         return;
-    guarded([&] {
-        m_model->lockControllers();
-        m_undo->lock();
-    });
+    guarded([this] { m_model->lockControllers(); });
     whenAtRest([](LoWorkbook& workbook) { workbook.endWriting(); });
 }
 
@@ -90,9 +88,11 @@ void LoWorkbook::endWriting() noexcept
     if (!std::exchange(m_writing, false) || !m_open)
         return;
     try {
-        m_undo->unlock();
-        m_model->unlockControllers();
-    } catch (const css::uno::Exception&) { // the application has ended
+        guarded([this] {
+            m_undo->clear();
+            m_model->unlockControllers();
+        });
+    } catch (const Error&) { // the application has ended
     }
 }
 
@@ -128,7 +128,11 @@ void LoWorkbook::noteChange(const QString& sheet)
 {
     m_hasChanged = true;
     const std::vector<LoWorksheet*> subscribers = m_subscribers;
-    for (const LoWorksheet* subscriber : subscribers) {
+    for (LoWorksheet* subscriber : subscribers) {
+        // A subscriber may go while another is told.
+        if (std::find(m_subscribers.begin(), m_subscribers.end(), subscriber)
+            == m_subscribers.end())
+            continue;
         if (sheet.isEmpty() || subscriber->cachedName() == sheet)
             subscriber->raiseChange();
     }
@@ -153,6 +157,7 @@ void LoWorkbook::userSelected() const
 /// nothing else.
 void LoWorkbook::endCellEntry()
 {
+    endWriting();
     if (!m_listener || !m_hasShown)
         return;
     const Reference<css::frame::XDispatchProvider> window(
