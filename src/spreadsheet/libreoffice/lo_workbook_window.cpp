@@ -48,10 +48,11 @@ void LoWorkbook::show(bool visible)
         hideWindow(frame);
         return;
     }
+    if (!m_isShown)
+        showWindow(frame, office().windowFillsScreen());
+    m_isShown = true;
     if (!std::exchange(m_hasShown, true))
         banStatusBar(frame);
-    if (!std::exchange(m_isShown, true))
-        showWindow(frame, office().windowFillsScreen());
 }
 
 /// Runs an action on an open workbook when the main thread comes to rest. A failure means that the
