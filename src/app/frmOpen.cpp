@@ -8,6 +8,7 @@
 #include "app/state.h"
 #include "store/error.h"
 #include "toolkit/file_system.h"
+#include "toolkit/named.h"
 #include "toolkit/prompts.h"
 
 #include <QButtonGroup>
@@ -22,6 +23,7 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+using ostrand::toolkit::named;
 
 namespace ostrand::app {
 namespace {
@@ -35,13 +37,6 @@ QLabel* makeImage(const QWidget& window, const QString& name, QStyle::StandardPi
     label->setObjectName(name);
     label->setPixmap(window.style()->standardIcon(picture).pixmap(size, size));
     return label;
-}
-
-template <typename Control>
-Control* named(Control* control, const QString& name)
-{
-    control->setObjectName(name);
-    return control;
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include "datasheets/file_name.h"
 #include "toolkit/data_control.h"
 #include "toolkit/data_grid.h"
+#include "toolkit/named.h"
 #include "toolkit/paths.h"
 #include "toolkit/prompts.h"
 #include "toolkit/twips.h"
@@ -24,6 +25,7 @@
 
 using namespace Qt::StringLiterals;
 using ostrand::app::mainWindow;
+using ostrand::toolkit::named;
 using ostrand::toolkit::px;
 
 namespace ostrand::datasheets {
@@ -34,13 +36,6 @@ const QString fieldFileName = u"filename"_s;
 // Twips; all columns and the rows of a usual project are seen at once.
 constexpr int designWidth = 9500;
 constexpr int designHeight = 6800;
-
-template <typename Control>
-Control* named(Control* control, const QString& name)
-{
-    control->setObjectName(name);
-    return control;
-}
 
 } // namespace
 
