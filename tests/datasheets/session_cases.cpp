@@ -15,7 +15,7 @@ using ostrand::toolkit::Answer;
 namespace ostrand::tests {
 namespace {
 
-constexpr int patience = 20000; ///< milliseconds for an effect of another process
+constexpr int patience = 30000; ///< milliseconds for an effect of another process
 
 const QString front = SessionDesk::front;
 const QString notes = SessionDesk::notes;
@@ -126,7 +126,7 @@ void SessionCases::aCopyCarriesTheTypeOfItsTemplate()
     QTRY_VERIFY_WITH_TIMEOUT(m_desk->isWindowVisible(), patience);
     QCOMPARE(xlHndlr().DatasheetType(), SessionDesk::type);
     QCOMPARE(xlHndlr().filename(), u"PT-1.xls"_s);
-    QCOMPARE(xlHndlr().WorksheetName(), front);
+    QTRY_COMPARE_WITH_TIMEOUT(xlHndlr().WorksheetName(), front, patience);
     seeNothing();
 }
 

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -18,7 +19,8 @@ const QString windowTitle = u"LibreOffice Calc"_s;
 const QString questionTitle = u"Save Document?"_s;
 const QString saveAsTitle = u"Save as"_s;
 constexpr int lookInterval = 200;
-constexpr int patience = 10000;
+constexpr int keyTime = 5000;   ///< milliseconds for what was typed to reach a cell
+constexpr int patience = 30000; ///< milliseconds for an effect of another process
 
 bool shows(const QString& title)
 {
@@ -41,7 +43,7 @@ OfficeDesk::~OfficeDesk()
 
 void OfficeDesk::press(const QStringList& keys)
 {
-    OfficeDisplay::activate(windowTitle);
+    OfficeDisplay::bringUp(windowTitle);
     OfficeDisplay::press(keys);
 }
 
@@ -55,6 +57,7 @@ void OfficeDesk::goTo(const QString& sheet, const QString& cell)
 
 void OfficeDesk::typeIn(const QString& sheet, const QString& cell, const QString& text)
 {
+    const QString before = cellText(sheet, cell);
     goTo(sheet, cell);
     if (text.isEmpty()) {
         OfficeDisplay::press({u"Delete"_s});
@@ -62,6 +65,8 @@ void OfficeDesk::typeIn(const QString& sheet, const QString& cell, const QString
         OfficeDisplay::type(text);
         OfficeDisplay::press({u"Return"_s});
     }
+    // On a busy machine the keys take their time. Some cells keep their value: nothing is asked.
+    std::ignore = QTest::qWaitFor([&] { return cellText(sheet, cell) != before; }, keyTime);
     settle();
 }
 
@@ -75,7 +80,7 @@ void OfficeDesk::saveAs(const QString& file)
 {
     press({u"ctrl+shift+s"_s});
     QTRY_VERIFY_WITH_TIMEOUT(shows(saveAsTitle), patience);
-    OfficeDisplay::activate(saveAsTitle);
+    OfficeDisplay::bringUp(saveAsTitle);
     OfficeDisplay::press({u"ctrl+a"_s});
     OfficeDisplay::type(file);
     OfficeDisplay::press({u"Return"_s});

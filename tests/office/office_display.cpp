@@ -10,7 +10,8 @@ using namespace Qt::StringLiterals;
 namespace ostrand::tests {
 namespace {
 
-constexpr int shortWait = 5000;
+constexpr int shortWait = 5000; ///< milliseconds
+constexpr int showTime = 10000; ///< milliseconds for a window to show
 
 QString run(const QString& program, const QStringList& words)
 {
@@ -82,6 +83,11 @@ bool OfficeDisplay::activate(const QString& title)
         return false;
     xdotool({u"windowactivate"_s, u"--sync"_s, id});
     return true;
+}
+
+bool OfficeDisplay::bringUp(const QString& title)
+{
+    return QTest::qWaitFor([&] { return activate(title); }, showTime);
 }
 
 } // namespace ostrand::tests

@@ -26,6 +26,8 @@ public:
     static QStringList windows();
     /// Brings a window whose title matches to the front; false when there is none.
     static bool activate(const QString& title);
+    /// The same, and waits for a window that is about to show; false when none does.
+    static bool bringUp(const QString& title);
 
 private:
     static QString xdotool(const QStringList& words);

@@ -22,7 +22,7 @@ namespace {
 const QString mainTitle = u"LibreOffice Calc"_s;
 const QString questionTitle = u"Save Document?"_s;
 constexpr int moment = 500;
-constexpr int patience = 8000;
+constexpr int patience = 30000; ///< milliseconds for an effect of another process
 
 bool shows(const QString& title)
 {
@@ -120,13 +120,13 @@ public:
 
     static void press(const QStringList& keys)
     {
-        OfficeDisplay::activate(mainTitle);
+        OfficeDisplay::bringUp(mainTitle);
         OfficeDisplay::press(keys);
     }
 
     void type(const QString& text)
     {
-        OfficeDisplay::activate(mainTitle);
+        OfficeDisplay::bringUp(mainTitle);
         OfficeDisplay::type(text);
         OfficeDisplay::press({u"Return"_s});
         settle();
@@ -189,12 +189,12 @@ private Q_SLOTS:
             const QByteArray before = bytesOf(session.path);
             session.refuseSave = true;
             Session::press(keys);
-            QTRY_VERIFY(session.log.contains(u"BeforeSave"_s));
+            QTRY_VERIFY_WITH_TIMEOUT(session.log.contains(u"BeforeSave"_s), patience);
             QCOMPARE(session.told(saves), QStringList{u"BeforeSave"_s});
             QCOMPARE(bytesOf(session.path), before);
             session.refuseSave = false;
             Session::press(keys);
-            QTRY_VERIFY(bytesOf(session.path) != before);
+            QTRY_VERIFY_WITH_TIMEOUT(bytesOf(session.path) != before, patience);
             QCOMPARE(session.told(saves), QStringList{u"BeforeSave"_s});
         }
     }
@@ -204,20 +204,20 @@ private Q_SLOTS:
         Session session;
         session.refuseSave = true;
         Session::press({u"ctrl+shift+s"_s});
-        QTRY_VERIFY(session.log.contains(u"BeforeSaveAs"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(session.log.contains(u"BeforeSaveAs"_s), patience);
         QCOMPARE(session.told(saves), QStringList{u"BeforeSaveAs"_s});
         QVERIFY(!shows(u"Save as"_s));
         session.refuseSave = false;
         Session::press({u"ctrl+shift+s"_s});
-        QTRY_VERIFY(shows(u"Save as"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Save as"_s), patience);
         const QString other = session.fixture.path(u"b.xls"_s);
-        OfficeDisplay::activate(u"Save as"_s);
+        OfficeDisplay::bringUp(u"Save as"_s);
         OfficeDisplay::press({u"ctrl+a"_s});
         OfficeDisplay::type(other);
         OfficeDisplay::press({u"Return"_s});
         QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(other), patience);
         QCOMPARE(session.told(saves), QStringList{u"BeforeSaveAs"_s});
-        QTRY_COMPARE(session.workbook->Name(), u"b.xls"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(session.workbook->Name(), u"b.xls"_s, patience);
     }
 
     static void everyWayToCloseIsToldOnceAndCanBeRefused()
@@ -228,16 +228,17 @@ private Q_SLOTS:
         for (const QStringList& keys :
              {QStringList{u"ctrl+w"_s}, QStringList{u"alt+F4"_s}, QStringList{u"ctrl+q"_s}, menu}) {
             Session::press(keys);
-            QTRY_VERIFY2(session.log.contains(u"stays"_s), qPrintable(keys.join(u' ')));
+            QTRY_VERIFY2_WITH_TIMEOUT(
+                session.log.contains(u"stays"_s), qPrintable(keys.join(u' ')), patience);
             QCOMPARE(session.told(closes), (QStringList{u"BeforeClose"_s, u"stays"_s}));
             QVERIFY(shows(u"a.xls"_s));
             QCOMPARE(session.text(u"A1"_s), u"one"_s);
         }
         session.keepOpen = false;
         Session::press({u"ctrl+w"_s});
-        QTRY_VERIFY(session.log.contains(u"closes"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(session.log.contains(u"closes"_s), patience);
         QCOMPARE(session.told(closes), (QStringList{u"BeforeClose"_s, u"closes"_s}));
-        QTRY_VERIFY(!shows(mainTitle));
+        QTRY_VERIFY_WITH_TIMEOUT(!shows(mainTitle), patience);
     }
 
     static void theApplicationAsksAboutWhatIsUnsaved_data()
@@ -267,7 +268,7 @@ private Q_SLOTS:
         QTRY_VERIFY_WITH_TIMEOUT(session.log.contains(u"closes"_s), patience);
         QCOMPARE(onlooker.questions(), 1);
         QCOMPARE(session.told(closes), (QStringList{u"BeforeClose"_s, u"closes"_s}));
-        QTRY_VERIFY(!shows(mainTitle));
+        QTRY_VERIFY_WITH_TIMEOUT(!shows(mainTitle), patience);
         QCOMPARE(bytesOf(session.path) != before, saved);
     }
 
@@ -307,7 +308,7 @@ private Q_SLOTS:
         Session session(2);
         session.log.clear();
         Session::press({u"ctrl+Next"_s});
-        QTRY_VERIFY(session.log.contains(u"Select"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(session.log.contains(u"Select"_s), patience);
         QCOMPARE(session.workbook->ActiveSheet()->Name(), u"Sheet2"_s);
     }
 
@@ -327,7 +328,7 @@ private Q_SLOTS:
         Session::press({u"alt+w"_s, u"n"_s});
         Session::settle();
         OfficeDisplay::press({u"Escape"_s, u"Escape"_s});
-        QTRY_COMPARE(OfficeDisplay::windows(), before);
+        QTRY_COMPARE_WITH_TIMEOUT(OfficeDisplay::windows(), before, patience);
         QCOMPARE(session.text(u"A1"_s), u"unsaved"_s);
     }
 
@@ -335,10 +336,10 @@ private Q_SLOTS:
     {
         Session session;
         session.application->setVisible(false);
-        QTRY_VERIFY(!shows(mainTitle));
+        QTRY_VERIFY_WITH_TIMEOUT(!shows(mainTitle), patience);
         QCOMPARE(session.text(u"A1"_s), u"one"_s);
         session.application->setVisible(true);
-        QTRY_VERIFY(shows(u"a.xls"_s));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"a.xls"_s), patience);
         QVERIFY(session.told(closes).isEmpty());
     }
 
@@ -359,11 +360,11 @@ private Q_SLOTS:
         session.keepOpen = false;
         if (closesFirst) {
             session.workbook->Close(SaveChanges::No);
-            QTRY_VERIFY(!shows(u"Information"_s));
+            QTRY_VERIFY_WITH_TIMEOUT(!shows(u"Information"_s), patience);
         }
         spreadsheet::endHost();
         QVERIFY(time.elapsed() < 10000);
-        QTRY_VERIFY(traces.areGone());
+        QTRY_VERIFY_WITH_TIMEOUT(traces.areGone(), patience);
         QCOMPARE(spreadsheet::CreateObject()->Add()->SheetCount(), 1);
     }
 

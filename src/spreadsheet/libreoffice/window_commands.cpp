@@ -71,6 +71,11 @@ Sequence<css::beans::PropertyValue> untilDone(const Sequence<css::beans::Propert
 class RefusedCommand final : public cppu::WeakImplHelper1<css::frame::XDispatch>
 {
 public:
+    explicit RefusedCommand(std::shared_ptr<ObjectKeeper> keeper)
+        : m_keeper(std::move(keeper))
+    {
+    }
+
     void SAL_CALL dispatch(const css::util::URL& /*command*/,
                            const Sequence<css::beans::PropertyValue>& /*arguments*/) override
     {
@@ -81,12 +86,16 @@ public:
         css::frame::FeatureStateEvent state;
         state.FeatureURL = command;
         state.IsEnabled = false;
-        listener->statusChanged(state);
+        m_keeper->keep(listener)->statusChanged(state);
     }
-    void SAL_CALL removeStatusListener(const Reference<css::frame::XStatusListener>& /*listener*/,
+    void SAL_CALL removeStatusListener(const Reference<css::frame::XStatusListener>& listener,
                                        const css::util::URL& /*command*/) override
     {
+        m_keeper->keep(listener);
     }
+
+private:
+    std::shared_ptr<ObjectKeeper> m_keeper;
 };
 
 /// A command that the program handles. It returns at once, as the application holds its lock.
@@ -96,11 +105,13 @@ public:
     OwnCommand(Role role,
                std::weak_ptr<LoWorkbook> workbook,
                std::shared_ptr<EventQueue> events,
+               std::shared_ptr<ObjectKeeper> keeper,
                std::shared_ptr<std::atomic<int>> saves,
                const Reference<css::frame::XDispatch>& original)
         : m_role(role),
           m_workbook(std::move(workbook)),
           m_events(std::move(events)),
+          m_keeper(std::move(keeper)),
           m_saves(std::move(saves)),
           m_original(original)
     {
@@ -123,12 +134,14 @@ public:
     void SAL_CALL addStatusListener(const Reference<css::frame::XStatusListener>& listener,
                                     const css::util::URL& command) override
     {
+        m_keeper->keep(listener);
         if (m_original.is())
             m_original->addStatusListener(listener, command);
     }
     void SAL_CALL removeStatusListener(const Reference<css::frame::XStatusListener>& listener,
                                        const css::util::URL& command) override
     {
+        m_keeper->keep(listener);
         if (m_original.is())
             m_original->removeStatusListener(listener, command);
     }
@@ -155,6 +168,7 @@ private:
     Role m_role;
     std::weak_ptr<LoWorkbook> m_workbook;
     std::shared_ptr<EventQueue> m_events;
+    std::shared_ptr<ObjectKeeper> m_keeper;
     std::shared_ptr<std::atomic<int>> m_saves;
     Reference<css::frame::XDispatch> m_original;
 };
@@ -179,13 +193,13 @@ public:
     {
         const Role role = roleOf(command.Complete);
         if (role == Role::Refuse)
-            return new RefusedCommand;
+            return new RefusedCommand(m_keeper);
         Reference<css::frame::XDispatch> original;
         if (m_below.is())
             original = m_keeper->keep(m_below->queryDispatch(command, target, flags));
         if (role == Role::PassOn)
             return original;
-        return new OwnCommand(role, m_workbook, m_events, m_saves, original);
+        return new OwnCommand(role, m_workbook, m_events, m_keeper, m_saves, original);
     }
     Sequence<Reference<css::frame::XDispatch>>
         SAL_CALL queryDispatches(const Sequence<css::frame::DispatchDescriptor>& requests) override

@@ -83,8 +83,9 @@ public:
     {
         tell([](LoWorkbook& workbook) { workbook.userSelected(); });
     }
-    void SAL_CALL activeSpreadsheetChanged(const css::sheet::ActivationEvent& /*event*/) override
+    void SAL_CALL activeSpreadsheetChanged(const css::sheet::ActivationEvent& event) override
     {
+        m_keeper->keep(event.ActiveSheet);
         tell([](LoWorkbook& workbook) { workbook.userSelected(); });
     }
     void SAL_CALL changesOccurred(const css::util::ChangesEvent& event) override
