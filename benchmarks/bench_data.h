@@ -8,5 +8,7 @@ namespace ostrand::bench {
 
 /// The path of a project of so many generated tags, made on first use and kept beside the build.
 QString projectOf(int tags);
+/// The same with an empty index and so many documents.
+QString projectOfDocuments(int documents);
 
 } // namespace ostrand::bench

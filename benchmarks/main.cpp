@@ -26,8 +26,11 @@ int main(int argc, char* argv[])
         return bench::measureMemory(words[2].toInt());
     const QString only = words.value(1);
     bench::runIndexBenches(only);
+    bench::runDocumentsBenches(only);
     bench::runDatasheetBenches(only);
     bench::runMemoryBenches(only);
+    bench::runPopulateBenches(only);
+    bench::runLinkBenches(only);
     app::g_objRegHndlr.reset();
     return 0;
 }

@@ -26,8 +26,11 @@ void report(const QString& bench, Pair pair, const QString& unit);
 
 /// The benchmarks, each under its name. One that a name does not ask for is not run.
 void runIndexBenches(const QString& only);
+void runDocumentsBenches(const QString& only);
 void runDatasheetBenches(const QString& only);
 void runMemoryBenches(const QString& only);
+void runPopulateBenches(const QString& only);
+void runLinkBenches(const QString& only);
 /// What a process started as "--memory TAGS" does: prints its resident set in MB.
 int measureMemory(int tags);
 

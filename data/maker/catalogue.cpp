@@ -142,9 +142,12 @@ double numberOf(const std::string& cell)
     return number;
 }
 
-void bindCell(SqliteStatement& insert, int parameter, Type type, const std::string& cell)
+void bindCell(SqliteStatement& insert, int parameter, Type type, const CsvTable::Row& row)
 {
-    if (cell.empty()) {
+    const auto place = static_cast<std::size_t>(parameter);
+    const std::string& cell = row.cells[place];
+    const bool isText = type == Type::Text || type == Type::Memo;
+    if (isText ? row.isBlank(place) : cell.empty()) {
         insert.bindNull(parameter);
     } else if (type == Type::Boolean) {
         if (cell != "True" && cell != "False")
@@ -210,7 +213,7 @@ void insertRows(SqliteFile& file, const Catalogue::Table& table, const CsvTable&
     for (const CsvTable::Row& row : rows.rows()) {
         try {
             for (std::size_t i = 0; i < types.size(); ++i)
-                bindCell(insert, static_cast<int>(i), types[i], row.cells[i]);
+                bindCell(insert, static_cast<int>(i), types[i], row);
             insert.run();
         } catch (const std::exception& failure) {
             throw InputError(rows.name(), row.line, failure.what());

@@ -51,8 +51,8 @@ private:
 };
 
 /// Adds all rows to the table whose columns their heading names. An empty cell becomes Null,
-/// True and False become -1 and 0. Raises `InputError` for an unknown column and for a value that
-/// the column cannot hold.
+/// in quotes an empty text; True and False become -1 and 0. Raises `InputError` for an unknown
+/// column and for a value that the column cannot hold.
 void insertRows(SqliteFile& file, const Catalogue::Table& table, const CsvTable& rows);
 
 } // namespace ostrand::maker

@@ -27,9 +27,10 @@ public:
 
     CsvTable::Row row()
     {
-        CsvTable::Row row{m_line, {}};
+        CsvTable::Row row{m_line, {}, {}};
         do {
-            row.cells.push_back(peek('"') ? quotedCell() : plainCell());
+            row.quoted.push_back(peek('"'));
+            row.cells.push_back(row.quoted.back() ? quotedCell() : plainCell());
         } while (take(','));
         endRow();
         return row;

@@ -26,6 +26,10 @@ public:
     {
         int line; ///< where the row begins in the file, counted from 1
         std::vector<std::string> cells;
+        std::vector<bool> quoted; ///< by cell: it stands in quotes, so an empty one is a text
+
+        /// There is nothing in the cell, not even an empty text.
+        bool isBlank(std::size_t cell) const { return cells[cell].empty() && !quoted[cell]; }
     };
 
     /// Raises `InputError` for a quote that is not closed or stands inside an unquoted cell, for

@@ -1,8 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
 // SPDX-License-Identifier: MIT
 //
-// ostrand-make-project: makes the template, the sample project and projects of any size from the
-// data files.
+// ostrand-make-project: makes the template, the sample project with its P&ID database, and projects
+// of any size from the data files.
+#include "maker/pid_database.h"
 #include "maker/plant_generator.h"
 #include "maker/project_file.h"
 #include "maker/sample.h"
@@ -22,14 +23,16 @@ using namespace ostrand::maker;
 constexpr std::string_view usage =
     "usage: ostrand-make-project [OPTION]... template OUT\n"
     "       ostrand-make-project [OPTION]... sample OUT\n"
+    "       ostrand-make-project [OPTION]... pid OUT\n"
     "       ostrand-make-project [OPTION]... generate COUNT OUT\n"
     "\n"
-    "Makes the file OUT: the empty template of projects, the sample project, or a project of\n"
-    "COUNT tags.\n"
+    "Makes the file OUT: the empty template of projects, the sample project, the sample's P&ID\n"
+    "database, or a project of COUNT tags.\n"
     "\n"
     "  --data DIR        read the data files from DIR instead of the source folder\n"
     "  --datasheets DIR  the datasheet folder that the sample names\n"
-    "  --templates DIR   the template folder that the sample names\n";
+    "  --templates DIR   the template folder that the sample names\n"
+    "  --pid FILE        the P&ID database that the sample names\n";
 
 /// A command line that is no use; the text is empty or tells why.
 struct UsageError
@@ -41,7 +44,7 @@ struct CommandLine
 {
     std::vector<std::string> words;
     std::map<std::string, std::string> options{
-        {"--data", OSTRAND_DATA_DIR}, {"--datasheets", {}}, {"--templates", {}}};
+        {"--data", OSTRAND_DATA_DIR}, {"--datasheets", {}}, {"--templates", {}}, {"--pid", {}}};
 };
 
 CommandLine parse(std::span<char*> arguments)
@@ -57,7 +60,7 @@ CommandLine parse(std::span<char*> arguments)
         if (option == line.options.end())
             throw UsageError{"unknown option " + word};
         if (++i == arguments.size())
-            throw UsageError{word + " needs a folder"};
+            throw UsageError{word + " needs a path"};
         option->second = arguments[i];
     }
     return line;
@@ -81,8 +84,11 @@ void make(const CommandLine& line)
         makeProject(words[1], data);
     } else if (words.size() == 2 && words[0] == "sample") {
         const SampleFolders folders{line.options.at("--datasheets"),
-                                    line.options.at("--templates")};
+                                    line.options.at("--templates"),
+                                    line.options.at("--pid")};
         makeSample(words[1], data, folders);
+    } else if (words.size() == 2 && words[0] == "pid") {
+        makePidDatabase(words[1], data);
     } else if (words.size() == 3 && words[0] == "generate") {
         makeGeneratedProject(countOf(words[1]), words[2], data);
     } else {

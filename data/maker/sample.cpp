@@ -95,6 +95,8 @@ void setAttributes(SqliteFile& file, const CsvTable& attributes, const SampleFol
         values["DefaultDatasheetFolder"] = folders.datasheets;
     if (!folders.templates.empty())
         values["DefaultTemplateFolder"] = folders.templates;
+    if (!folders.pid.empty())
+        values["DefaultP&IDDatabase"] = folders.pid;
     SqliteStatement update(file,
                            "UPDATE ProjectInfo SET attributeValue = ? WHERE attributeName = ?");
     for (const auto& [name, value] : values) {

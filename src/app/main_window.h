@@ -50,6 +50,12 @@ public:
 
     /// The text of panel 1 or 2 of the status bar.
     virtual void setPanelText(int panel, const QString& text) = 0;
+    /// Puts the place in the index into panel 1.
+    virtual void showRecordCounter() = 0;
+    /// A bar in the status bar with the count of a long run; no total takes it away.
+    virtual void setProgress(int done, int total) = 0;
+    /// Reads the list of documents of a fixed kind anew; any other kind has none.
+    virtual void refreshDocuments(const QString& docType) = 0;
 
     virtual QWidget* window() = 0;
 };

@@ -5,10 +5,13 @@
 #include "app/CRegHndlr.h"
 #include "app/frmAbout.h"
 #include "app/frmOpen.h"
+#include "app/frmProjectInfo.h"
 #include "app/state.h"
 #include "datasheets/cXlHndlr.h"
+#include "documents/frmDocXref.h"
 #include "index/frmIndex.h"
 #include "spreadsheet/host.h"
+#include "viewing/CViewer.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -29,6 +32,14 @@ void endOutright()
     });
 }
 
+/// The main window takes the window along when it closes first.
+void showProjectInfo(QWidget* owner)
+{
+    const QPointer<frmProjectInfo> window = new frmProjectInfo(owner);
+    window->ShowInfo();
+    delete window;
+}
+
 } // namespace
 
 void Main(const QString& commandLine)
@@ -40,7 +51,9 @@ void Main(const QString& commandLine)
     auto window = std::make_unique<index::frmIndex>();
     index::frmIndex& frmIndex = *window;
     QObject::connect(&frmIndex, &index::frmIndex::unloaded, &endOutright);
+    frmIndex.setCommands({.ShowProjectInfo = [&frmIndex] { showProjectInfo(&frmIndex); }});
     g_frmIndex = std::move(window);
+    viewing::g_objViewer = std::make_unique<viewing::CViewer>();
     g_strIndexFile.clear();
 
     frmAbout about;
@@ -64,7 +77,9 @@ void End()
 {
     datasheets::g_objXlHndlr.reset();
     g_frmIndex.reset();
+    delete documents::g_frmDocXref;
     g_objRegHndlr.reset();
+    viewing::g_objViewer.reset();
     spreadsheet::endHost();
 }
 

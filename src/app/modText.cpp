@@ -12,13 +12,11 @@ using namespace Qt::StringLiterals;
 namespace ostrand::app {
 namespace {
 
-constexpr int invalidCall = 5;
-
 qsizetype lastSeparator(const QString& path)
 {
     const qsizetype at = std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/'));
     if (at < 0) {
-        throw store::Error(invalidCall,
+        throw store::Error(store::errors::invalidCall,
                            QCoreApplication::translate("modText", "The path names no folder."));
     }
     return at;

@@ -116,10 +116,6 @@ private:
     bool confirmClose();
 
     // ---- filling (population.cpp)
-    void populateRows(Sheets& sheets,
-                      store::Recordset& map,
-                      const QString& source,
-                      const std::function<store::Value(const MapRow&)>& value);
     void restoreTag(spreadsheet::Worksheet& sheet, const MapRow& row, const QString& tag);
 
     std::shared_ptr<spreadsheet::Application> m_xlApp;

@@ -41,6 +41,11 @@ bool MapRow::isComplete() const
     return !worksheet.isEmpty() && !objectType.isEmpty() && !object.isEmpty();
 }
 
+bool MapRow::isCell() const
+{
+    return objectType == typeCell;
+}
+
 MapRow readMapRow(const store::Recordset& map)
 {
     return {.worksheet = requiredText(map, u"Worksheet"_s),
@@ -64,7 +69,7 @@ ObjectTypeError::ObjectTypeError(QString source)
 
 void requireCell(const MapRow& row, const QString& source)
 {
-    if (row.objectType != typeCell)
+    if (!row.isCell())
         throw ObjectTypeError(source);
 }
 

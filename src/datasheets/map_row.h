@@ -25,6 +25,7 @@ struct MapRow
 
     /// False for a row that shows nothing.
     bool isComplete() const;
+    bool isCell() const;
 };
 
 /// The current row of a Map recordset. Raises 94 where `Worksheet` or `object` is Null.

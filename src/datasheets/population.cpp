@@ -6,26 +6,16 @@
 #include "app/state.h"
 #include "datasheets/cXlHndlr.h"
 #include "datasheets/failure.h"
-#include "datasheets/map_row.h"
-#include "store/database.h"
-#include "store/recordset.h"
-#include "toolkit/data_control.h"
+#include "datasheets/filling.h"
 #include "toolkit/prompts.h"
 
 using namespace Qt::StringLiterals;
 using ostrand::app::mainWindow;
-using ostrand::store::DBEngine;
 
 namespace ostrand::datasheets {
 namespace {
 
 const QString errorTitle = u"ERROR!"_s;
-
-QString mapStatement(const QString& type, const QString& field, const QString& table)
-{
-    return u"select qryMap.* from qryMap where [DatasheetType] = '"_s + type
-           + u"' and [Field] = '"_s + field + u"' and [TableName] = '"_s + table + u"';"_s;
-}
 
 } // namespace
 
@@ -41,30 +31,10 @@ void cXlHndlr::PopulateXl()
     }
 }
 
-void cXlHndlr::populateRows(Sheets& sheets,
-                            store::Recordset& map,
-                            const QString& source,
-                            const std::function<store::Value(const MapRow&)>& value)
-{
-    forEachMapRow(map, [&](const MapRow& row) {
-        if (row.isComplete())
-            writeValue(sheets.sheet(row.worksheet), row, value(row).text(), source);
-    });
-}
-
 void cXlHndlr::PopulateXlIndex()
 {
     try {
-        const auto database = DBEngine::OpenDatabase(mainWindow().dbIndex().DatabaseName());
-        const QString type = DatasheetType();
-        Sheets sheets(openWorkbook());
-        for (int i = 0; i < indexRecords().FieldCount(); ++i) {
-            const auto map =
-                database.OpenRecordset(mapStatement(type, indexRecords().FieldName(i), u"index"_s));
-            populateRows(sheets, *map, u"CXcelHndlr:PopulateXlIndex()"_s, [](const MapRow& row) {
-                return indexRecords().Field(row.field);
-            });
-        }
+        Filling(openWorkbook(), DatasheetType()).index();
     } catch (...) {
         showFailure(toolkit::formA(tr("Error while populating index data into Excel Spreadsheet ")
                                        + filename() + u"."_s,
@@ -76,17 +46,7 @@ void cXlHndlr::PopulateXlIndex()
 void cXlHndlr::PopulateXlProjInfo()
 {
     try {
-        const auto database = DBEngine::OpenDatabase(mainWindow().dbIndex().DatabaseName());
-        const auto attributes = database.OpenRecordset(u"select * from qryProjectInfo;"_s);
-        const QString type = DatasheetType();
-        Sheets sheets(openWorkbook());
-        for (; !attributes->Eof(); attributes->MoveNext()) {
-            const QString name = attributes->Field(u"attributeName"_s).text();
-            const auto map = database.OpenRecordset(mapStatement(type, name, u"IndexTitleInfo"_s));
-            populateRows(sheets, *map, u"CXcelHndlr:PopulateXlProjInfo()"_s, [&](const MapRow&) {
-                return attributes->Field(u"attributeValue"_s);
-            });
-        }
+        Filling(openWorkbook(), DatasheetType()).projectInfo();
     } catch (...) {
         showFailure(
             toolkit::formA(tr("Error while populating title information in Excel Spreadsheet ")
@@ -99,18 +59,7 @@ void cXlHndlr::PopulateXlProjInfo()
 void cXlHndlr::PopulateXlDocument()
 {
     try {
-        const auto database = DBEngine::OpenDatabase(mainWindow().dbIndex().DatabaseName());
-        const auto ties = database.OpenRecordset(u"select * from qryDocXref where [Tag] = '"_s
-                                                 + mainWindow().ActiveTag() + u"'"_s);
-        const QString type = DatasheetType();
-        Sheets sheets(openWorkbook());
-        for (; !ties->Eof(); ties->MoveNext()) {
-            const QString docType = ties->Field(u"docType"_s).text();
-            const auto map = database.OpenRecordset(mapStatement(type, docType, u"Document"_s));
-            populateRows(sheets, *map, u"CXcelHndlr:PopulateXlDocument()"_s, [&](const MapRow&) {
-                return ties->Field(u"docNo"_s);
-            });
-        }
+        Filling(openWorkbook(), DatasheetType()).documents(mainWindow().ActiveTag());
     } catch (...) {
         showFailure(
             toolkit::formA(tr("Error while populating document information in Excel Spreadsheet ")

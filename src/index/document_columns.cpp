@@ -80,6 +80,14 @@ void DocumentColumns::refresh(const QString& databaseName)
         m_controls[static_cast<std::size_t>(kind)]->Refresh();
 }
 
+void DocumentColumns::refreshKind(const QString& docType)
+{
+    for (std::size_t i = 0; i < documentKinds().size(); ++i) {
+        if (text(documentKinds()[i].literal) == docType)
+            m_controls[i]->Refresh();
+    }
+}
+
 void DocumentColumns::loadRow(store::RowMark row)
 {
     try {

@@ -32,6 +32,8 @@ public:
     void attachDropDowns();
     /// Sets the database of the five lists, in their order in the window, and refreshes them so.
     void refresh(const QString& databaseName);
+    /// Refreshes the list of one kind, by the kind's name.
+    void refreshKind(const QString& docType);
 
     /// Fills the five cells of a row that comes into display.
     void loadRow(store::RowMark row);

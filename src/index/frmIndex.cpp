@@ -11,16 +11,24 @@
 #include "datasheets/cXlHndlr.h"
 #include "datasheets/datasheet_commands.h"
 #include "index/document_columns.h"
+#include "index/frmNotes.h"
 #include "index/index_buttons.h"
 #include "index/index_columns.h"
 #include "index/index_menus.h"
+#include "index/row_clipboard.h"
 #include "index/tag_editing.h"
+#include "pid/export.h"
+#include "pid/import.h"
+#include "pid/populating.h"
+#include "pid/relocation.h"
 #include "toolkit/data_grid.h"
 #include "toolkit/prompts.h"
+#include "toolkit/record_failure.h"
 
 #include <QCloseEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QStatusBar>
 
@@ -71,6 +79,11 @@ void frmIndex::buildControls()
         panel->setFrameStyle(QFrame::Panel | QFrame::Sunken);
         bar->addWidget(panel);
     }
+    m_progress = new QProgressBar(bar);
+    m_progress->setObjectName(u"Progress"_s);
+    m_progress->setAccessibleName(tr("Progress"));
+    m_progress->setFormat(u"%v / %m"_s);
+    m_progress->hide();
     m_panels[0]->setObjectName(u"Panel1"_s);
     m_panels[1]->setObjectName(u"Panel2"_s);
 
@@ -80,6 +93,7 @@ void frmIndex::buildControls()
                             {.UpdateDocCrossRefs = [this] { m_documents->UpdateDocCrossRefs(); },
                              .FolderDatasheets = [this] { return FolderDatasheets(); }},
                             this);
+    m_rows = new RowClipboard(*m_GridIndex, *m_dbIndex, this);
     m_datasheets = std::make_unique<datasheets::DatasheetCommands>(
         *this,
         datasheets::DatasheetCommands::Links{
@@ -125,14 +139,32 @@ void frmIndex::connectCommands()
     onAction(u"mnuFileNew"_s, [this] { CreateIndex(); });
     onAction(u"mnuFileOpen"_s, [this] { OpenIndex(QString()); });
     onAction(u"mnuFileExit"_s, [this] { close(); });
-    onAction(u"mnuEditProjectInfo"_s, [this] { ShowProjectInfo(); });
+    onAction(u"mnuEditProjectInfo"_s, [this] {
+        ShowProjectInfo();
+        if (app::g_blnFolderChanged)
+            pid::changedDatasheetPath();
+    });
+    onAction(u"mnuEditIndexRev"_s, [this] { mnuEditIndexRev(); });
+    onAction(u"mnuDocAll"_s, [this] { mnuDocAll(); });
+    onAction(u"mnuDocRef"_s, [this] { mnuDocRef(); });
     onAction(u"mnuDocDtSht"_s, [this] { m_datasheets->OpenTagDatasheet(); });
     onAction(u"mnuOnlineHelp"_s,
              [this] { app::ShowHelpTopic(this, app::helpTopicManual(), true); });
     onAction(u"mnuCheckForUpdates"_s, [] { app::LaunchAutoUpdate(); });
     onAction(u"muHelpAbout"_s, [this] { showAbout(); });
-    onAction(u"mnuPopUpCopy1"_s, [this] { m_GridIndex->copyCurrentCell(); });
-    onAction(u"mnuPopUpDelete2"_s, [this] { m_tags->cmdDelete(); });
+    // Their shortcuts reach them also while the grid is disabled.
+    const auto onRows = [this, &onAction](const QString& name, auto handler) {
+        onAction(name, [this, handler] {
+            if (m_GridIndex->isEnabled())
+                handler();
+        });
+    };
+    onRows(u"mnuPopUpCopy1"_s, [this] { copyRows(); });
+    onRows(u"mnuPopUpCopy2"_s, [this] { copyRows(); });
+    onRows(u"mnuPopUpPaste1"_s, [this] { m_rows->PasteRows(); });
+    onRows(u"mnuPopUpPaste3"_s, [this] { m_rows->PasteRows(); });
+    onRows(u"mnuPopUpDelete1"_s, [this] { m_rows->DeleteRows(); });
+    onRows(u"mnuPopUpDelete2"_s, [this] { m_tags->cmdDelete(); });
 
     const auto onButton = [this](const QString& name, auto handler) {
         connect(m_buttons->button(name), &QPushButton::clicked, this, handler);
@@ -143,6 +175,9 @@ void frmIndex::connectCommands()
     onButton(u"cmdDelete"_s, [this] { m_tags->cmdDelete(); });
     onButton(u"cmdRefresh"_s, [this] { LoadIndex(); });
     onButton(u"cmdExit"_s, [this] { close(); });
+    onButton(u"cmdTag"_s, [] { pid::cmdTag(); });
+    onButton(u"cmdImport"_s, [] { pid::cmdImport(); });
+    onButton(u"cmdExport"_s, [] { pid::cmdExport(); });
 }
 
 /// There is one about window: where it is open already, it comes to the front.
@@ -204,12 +239,21 @@ void frmIndex::cellButtonClicked(int columnNumber)
     try {
         if (columnNumber == column::datasheetFileName)
             LocateDatasheetFile();
-        else if (columnNumber == column::remarks && m_commands.ShowNotes)
-            m_commands.ShowNotes();
+        else if (columnNumber == column::remarks)
+            ShowNotes();
     } catch (const Error& error) {
         if (error.number() != toolkit::cancelledDialog)
             toolkit::showFailure(toolkit::formB(tr("Error while showing notes. "), error));
     }
+}
+
+/// The main window takes the window along when it closes first.
+void frmIndex::ShowNotes()
+{
+    const QString tag = ActiveTag();
+    const QPointer<frmNotes> notes = new frmNotes(*m_GridIndex, this);
+    notes->ShowInfo(tag);
+    delete notes;
 }
 
 void frmIndex::showRecordCounter()
@@ -229,25 +273,50 @@ void frmIndex::validateRecord(toolkit::DataControl::Action action,
         save = false;
         return;
     }
-    if (!pending)
-        return;
-    const QString phrase = action == Action::Add      ? tr(" adding a record. ")
-                           : action == Action::Delete ? tr(" deleting a record. ")
-                                                      : tr(" modifying record. ");
-    toolkit::showFailure(QString::number(pending->number()) + tr(" : Error while ") + phrase
-                         + pending->description());
+    toolkit::tellRecordFailure(action, pending);
+}
+
+/// Where no row is selected, the text of the current cell goes to the system's clipboard beside.
+void frmIndex::copyRows()
+{
+    if (m_GridIndex->SelBookmarks().empty())
+        m_GridIndex->copyCurrentCell();
+    m_rows->CopyRows();
 }
 
 void frmIndex::showPopup(QPoint position)
 {
     const bool rowsSelected = !m_GridIndex->SelBookmarks().empty();
-    if (QMenu* popup = m_menus->popupFor(rowsSelected, false))
+    if (QMenu* popup = m_menus->popupFor(rowsSelected, m_rows->hasRows()))
         popup->popup(m_GridIndex->viewport()->mapToGlobal(position));
 }
 
 void frmIndex::setPanelText(int panel, const QString& text)
 {
     m_panels[panel - 1]->setText(text);
+}
+
+/// It stands in the panel of the project file, whose width it takes a part of.
+void frmIndex::setProgress(int done, int total)
+{
+    if (total <= 0) {
+        m_progress->hide();
+        return;
+    }
+    constexpr int inset = 3;
+    const QRect panel = m_panels[1]->geometry();
+    const int width = panel.width() / 3;
+    m_progress->setGeometry(
+        panel.right() - width, panel.top() + inset, width - inset, panel.height() - 2 * inset);
+    m_progress->setRange(0, total);
+    m_progress->setValue(done);
+    m_progress->show();
+    m_progress->raise();
+}
+
+void frmIndex::refreshDocuments(const QString& docType)
+{
+    m_documents->refreshKind(docType);
 }
 
 void frmIndex::closeEvent(QCloseEvent* event)

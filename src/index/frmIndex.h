@@ -13,6 +13,7 @@
 #include <optional>
 
 class QLabel;
+class QProgressBar;
 class QResizeEvent;
 
 namespace ostrand::app {
@@ -32,6 +33,7 @@ namespace ostrand::index {
 class DocumentColumns;
 class IndexButtons;
 class IndexMenus;
+class RowClipboard;
 class TagEditing;
 
 /// The main window: the grid of all tags of the open project over the buttons and the status bar.
@@ -45,7 +47,6 @@ public:
     struct Commands
     {
         std::function<void()> ShowProjectInfo = {};
-        std::function<void()> ShowNotes = {};
     };
 
     frmIndex();
@@ -65,6 +66,9 @@ public:
     void setDatasheetFolder(const QString& folder) override;
     void setDatasheetFileName(const QString& name) override;
     void setPanelText(int panel, const QString& text) override;
+    void showRecordCounter() override;
+    void setProgress(int done, int total) override;
+    void refreshDocuments(const QString& docType) override;
     QWidget* window() override { return this; }
 
     /// Orders the grid by a column.
@@ -99,12 +103,19 @@ private:
     void storeNewProjectFolders();
     void ShowProjectInfo() const;
 
+    // Windows of the documents and the revisions
+    void mnuEditIndexRev();
+    void mnuDocAll();
+    void mnuDocRef();
+    void showChangedDocuments();
+
     // Events
     void cellButtonClicked(int columnNumber);
-    void showRecordCounter();
     void validateRecord(toolkit::DataControl::Action action,
                         bool& save,
                         const std::optional<store::Error>& pending);
+    void ShowNotes();
+    void copyRows();
     void showPopup(QPoint position);
     void showAbout();
     QString projectAttribute(const QString& name, const QString& failure) const;
@@ -116,10 +127,12 @@ private:
     toolkit::DataGrid* m_GridIndex = nullptr;
     DocumentColumns* m_documents = nullptr;
     TagEditing* m_tags = nullptr;
+    RowClipboard* m_rows = nullptr;
     std::unique_ptr<datasheets::DatasheetCommands> m_datasheets;
     IndexMenus* m_menus = nullptr;
     IndexButtons* m_buttons = nullptr;
     QLabel* m_panels[2]{};
+    QProgressBar* m_progress = nullptr;
     QPointer<app::frmAbout> m_about;
     QPointer<QWidget> m_focusBefore; ///< before the controls were disabled
     Commands m_commands;

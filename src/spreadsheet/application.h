@@ -72,6 +72,12 @@ public:
 
     /// The cells of a reference such as "D11" or "A1:C4". Raises 1004 for what is no reference.
     virtual std::unique_ptr<ostrand::spreadsheet::Range> Range(const QString& reference) = 0;
+    /// The values of a block such as "A1:E100", read in one call: texts, numbers, errors and empty
+    /// cells. A date or a truth value comes as the number that it is.
+    virtual CellValues Values(const QString& block) = 0;
+    /// Writes many cells in few calls, each as `Range::setValue` does it; numbers, dates and truth
+    /// values keep their type. Raises 1004 for what is no cell, and `Change` once.
+    virtual void write(const std::vector<CellWrite>& cells) = 0;
     /// The embedded control of that name. Raises 9 where there is none.
     virtual std::unique_ptr<Control> OLEObjects(const QString& name) = 0;
 

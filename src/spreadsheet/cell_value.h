@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <variant>
+#include <vector>
 
 namespace ostrand::spreadsheet {
 
@@ -27,5 +28,15 @@ struct ManyCells
 /// The value of a cell with the type that it has there. An empty cell is std::monostate.
 using CellValue =
     std::variant<std::monostate, QString, double, bool, QDateTime, CellError, ManyCells>;
+
+/// The values of a block of cells, row by row.
+using CellValues = std::vector<std::vector<CellValue>>;
+
+/// A value for one cell.
+struct CellWrite
+{
+    QString cell; ///< such as "D11"
+    CellValue value;
+};
 
 } // namespace ostrand::spreadsheet

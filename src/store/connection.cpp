@@ -198,6 +198,30 @@ void Connection::endRead() noexcept
         sqlite3_exec(m_handle.get(), "ROLLBACK", nullptr, nullptr, nullptr);
 }
 
+void Connection::beginWrite()
+{
+    if (m_writeDepth == 0)
+        run("BEGIN IMMEDIATE");
+    ++m_writeDepth;
+}
+
+void Connection::commitWrite()
+{
+    if (--m_writeDepth > 0)
+        return;
+    if (sqlite3_get_autocommit(m_handle.get()) != 0) {
+        throw Error(errors::diskError,
+                    u"The changes were undone when the file could not be written."_s);
+    }
+    try {
+        run("COMMIT");
+    } catch (...) {
+        const OwnScope own(*this);
+        sqlite3_exec(m_handle.get(), "ROLLBACK", nullptr, nullptr, nullptr);
+        throw;
+    }
+}
+
 /// Users' statements read and change rows; nothing else passes, whatever the text says.
 int Connection::authorize(void* self,
                           int action,

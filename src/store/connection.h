@@ -146,6 +146,9 @@ public:
 
     void beginRead();
     void endRead() noexcept;
+    void beginWrite();
+    /// Raises what the file refuses the changes for; they are all undone then.
+    void commitWrite();
 
 private:
     struct Close
@@ -167,6 +170,7 @@ private:
     bool m_readOnly = false;
     int m_ownStatements = 0;
     int m_readDepth = 0;
+    int m_writeDepth = 0;
     qint64 m_dataVersion = 0;
     qint64 m_foreignChanges = 0;
     bool m_inRead = false;

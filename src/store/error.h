@@ -27,6 +27,7 @@ private:
 /// The engine's error numbers that this program raises or tests. The values are those of the
 /// engine that older projects were made with; users and maintainers know failures by them.
 namespace errors {
+inline constexpr int invalidCall = 5; ///< an argument that the operation cannot take
 inline constexpr int permissionDenied = 70;
 inline constexpr int objectNotSet = 91;
 inline constexpr int refreshWhileEditing = 444;
@@ -42,6 +43,7 @@ inline constexpr int invalidPath = 3044;
 inline constexpr int damagedFile = 3049;
 inline constexpr int readOnly = 3051;
 inline constexpr int outOfMemory = 3035;
+inline constexpr int loginCancelled = 3059;
 inline constexpr int missingParameter = 3061; ///< also: a name that no table of the statement has
 inline constexpr int queryNotUpdatable = 3073;
 inline constexpr int cannotExecuteSelect = 3065;
@@ -55,6 +57,8 @@ inline constexpr int syntaxInFrom = 3131;
 inline constexpr int syntaxInInsert = 3134;
 inline constexpr int syntaxInSelect = 3141;
 inline constexpr int syntaxInUpdate = 3144;
+inline constexpr int odbcCallFailed = 3146;
+inline constexpr int odbcConnectionFailed = 3151;
 inline constexpr int invalidBookmark = 3159;
 inline constexpr int valueTooLong = 3163;
 inline constexpr int fieldNotUpdatable = 3164;

@@ -34,6 +34,12 @@ public:
     bool updatable() const override { return m_plan->updatable && !m_readOnly; }
     bool fieldUpdatable(int index) const override { return !field(index).sourceColumn.isEmpty(); }
 
+    Meaning fieldMeaning(int index) override
+    {
+        return meaningOf(
+            *m_connection, *m_plan->firstRows, m_plan->columns[static_cast<std::size_t>(index)]);
+    }
+
     bool readFirstKeys(std::vector<qint64>& keys) override;
     std::vector<qint64> readAllKeys() override;
     const Row* row(const std::vector<qint64>& keys, int position) override;
@@ -57,6 +63,7 @@ private:
     {
         return {*m_connection, sql, verb};
     }
+    PreparedStatement& insertStatement(const QByteArray& sql);
 
     std::shared_ptr<Connection> m_connection;
     std::shared_ptr<KeyedPlan> m_plan;
@@ -65,6 +72,8 @@ private:
     std::unordered_map<qint64, Row> m_cache;
     qint64 m_cacheStamp = -1;
     int m_nextMiss = -1;
+    QByteArray m_insertSql;
+    std::unique_ptr<PreparedStatement> m_insert; ///< kept, as new rows mostly fill the same fields
 };
 
 Row KeyedSource::rowOf(const PreparedStatement& statement) const
@@ -192,6 +201,15 @@ void KeyedSource::requireStill(qint64 key, const Row& row)
         throw Error(errors::recordDeleted, u"The record was deleted."_s);
 }
 
+PreparedStatement& KeyedSource::insertStatement(const QByteArray& sql)
+{
+    if (!m_insert || m_insertSql != sql) {
+        m_insert = std::make_unique<PreparedStatement>(*m_connection, sql, sql::Verb::Insert);
+        m_insertSql = sql;
+    }
+    return *m_insert;
+}
+
 qint64 KeyedSource::insert(const Changes& changes)
 {
     QByteArray names;
@@ -207,9 +225,9 @@ qint64 KeyedSource::insert(const Changes& changes)
         names = field(0).sourceColumn;
         places = "NULL";
     }
-    PreparedStatement statement = ownStatement("INSERT INTO " + m_plan->quotedSource + " (" + names
-                                                   + ") VALUES (" + places + ")",
-                                               sql::Verb::Insert);
+    PreparedStatement& statement = insertStatement("INSERT INTO " + m_plan->quotedSource + " ("
+                                                   + names + ") VALUES (" + places + ")");
+    const PreparedStatement::Reset reset(statement);
     parameter = 0;
     for (const auto& [index, value] : changes)
         statement.bind(++parameter, value);

@@ -282,6 +282,12 @@ Value Recordset::Field(const QString& name) const
     return Field(index);
 }
 
+Meaning Recordset::FieldMeaning(int index) const
+{
+    requireOpen();
+    return m_source->fieldMeaning(index);
+}
+
 Value Recordset::Field(int index) const
 {
     settle();

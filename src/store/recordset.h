@@ -87,6 +87,8 @@ public:
     /// deleted it.
     Value Field(const QString& name) const;
     Value Field(int index) const;
+    /// What a field's values stand for, by the type that its column was declared with.
+    Meaning FieldMeaning(int index) const;
     /// Raises 3020 outside an edit, 3164 for a field that cannot be written.
     void SetField(const QString& name, const Value& value);
     void SetField(int index, const Value& value);
@@ -144,6 +146,7 @@ private:
     std::unique_ptr<RowSource> m_source;
     RecordsetObserver* m_observer = nullptr;
     mutable std::vector<qint64> m_keys;
+    std::optional<qint64> m_highestKey; ///< no known key is above it; kept from the first insert on
     mutable bool m_complete = false;
     mutable Place m_place = Place::Unread;
     mutable int m_position = -1;

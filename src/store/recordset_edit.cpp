@@ -5,6 +5,8 @@
 #include "store/recordset.h"
 #include "store/row_source.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace ostrand::store {
@@ -122,11 +124,19 @@ void Recordset::dropGhost(qint64 key)
 /// The new row takes the last place, whatever the order of the others.
 void Recordset::finishInsert(qint64 key)
 {
-    dropGhost(key);
+    // A key above all others belongs to no known row; a look through the keys at each insert would
+    // make many inserts take the square of their number in time.
+    const bool mayBeKnown = !m_highestKey || key <= *m_highestKey;
+    if (mayBeKnown)
+        dropGhost(key);
     const bool wasComplete = m_complete;
     if (!wasComplete)
         mergeAllKeys();
-    std::erase(m_keys, key);
+    if (mayBeKnown)
+        std::erase(m_keys, key);
+    if (!m_highestKey && !m_keys.empty())
+        m_highestKey = *std::max_element(m_keys.begin(), m_keys.end());
+    m_highestKey = std::max(m_highestKey.value_or(key), key);
     if (!wasComplete && m_observer)
         m_observer->keysRead();
     m_keys.push_back(key);

@@ -28,6 +28,7 @@ public:
     virtual QString fieldName(int index) const = 0;
     virtual bool updatable() const = 0;
     virtual bool fieldUpdatable(int index) const = 0;
+    virtual Meaning fieldMeaning(int index) = 0;
 
     /// Reads the keys of the first rows; true when there are no others.
     virtual bool readFirstKeys(std::vector<qint64>& keys) = 0;
@@ -44,6 +45,10 @@ public:
     virtual void update(qint64 key, const Row& read, const Changes& changes) = 0;
     virtual void remove(qint64 key, const Row& read) = 0;
 };
+
+/// What the column of a select stands for, by the file's own list of its columns. Columns that are
+/// reckoned, and files without such a list, tell nothing.
+Meaning meaningOf(Connection& connection, const PreparedStatement& select, int column);
 
 std::unique_ptr<RowSource> makeKeyedSource(std::shared_ptr<Connection> connection,
                                            std::shared_ptr<KeyedPlan> plan,

@@ -8,6 +8,9 @@
 
 namespace ostrand::store {
 
+/// What the values of a field stand for, where their own type does not tell.
+enum class Meaning { Plain, Date, Flag };
+
 /// One field value: Null, a whole number, a real number or a text. Dates are texts
 /// "yyyy-MM-dd HH:mm:ss" (without the time part at midnight), booleans are -1 and 0.
 class Value

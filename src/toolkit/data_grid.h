@@ -105,6 +105,8 @@ public:
     /// Drops the row under edit.
     void cancelRow();
     bool rowPending() const;
+    /// Why the row could not be written the last time; nothing when it was.
+    const std::optional<store::Error>& writeFailure() const { return m_writeFailure; }
     /// Copies the text of the current cell to the clipboard.
     void copyCurrentCell() const;
     /// Marks the column that the records are sorted by, ascending; -1 marks none.
@@ -281,6 +283,7 @@ private:
     std::deque<std::function<void()>> m_actions; ///< to run after loading
     QPersistentModelIndex m_editorCell;
     QPersistentModelIndex m_pressedCell;
+    std::optional<store::Error> m_writeFailure;
     int m_anchorRow = 0;
     double m_fontScale = 1.0;
     bool m_allowDelete = true;

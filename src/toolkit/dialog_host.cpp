@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
@@ -125,7 +126,7 @@ std::optional<QString> DialogHost::fileDialog(const FileRequest& request)
     if (request.filterIndex >= 1 && request.filterIndex <= filters.size())
         dialog.selectNameFilter(filters[request.filterIndex - 1]);
     if (request.save)
-        dialog.setDefaultSuffix(u"mdb"_s);
+        dialog.setDefaultSuffix(request.suffix);
     const QFileInfo start(startOf(request));
     if (start.isDir())
         dialog.setDirectory(start.absoluteFilePath());
@@ -136,6 +137,17 @@ std::optional<QString> DialogHost::fileDialog(const FileRequest& request)
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     return dialog.selectedFiles().constFirst();
+}
+
+std::optional<QString> DialogHost::folderDialog(QWidget* owner, const QString& title)
+{
+    QFileDialog dialog(owner, title);
+    dialog.setObjectName(u"folderDialog"_s);
+    dialog.setFileMode(QFileDialog::Directory);
+    dialog.setOption(QFileDialog::ShowDirsOnly);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return std::nullopt;
+    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
 }
 
 void DialogHost::openAddress(const QString& url)

@@ -15,6 +15,7 @@ public:
     Answer messageBox(const Box& box) override;
     std::optional<QString> inputBox(const QString& prompt, const QString& title) override;
     std::optional<QString> fileDialog(const FileRequest& request) override;
+    std::optional<QString> folderDialog(QWidget* owner, const QString& title) override;
     void openAddress(const QString& url) override;
 };
 

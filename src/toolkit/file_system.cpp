@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 
 #include <filesystem>
 #include <system_error>
@@ -69,6 +70,15 @@ void moveByPath(const fs::path& from, const fs::path& to)
         raise(failed);
 }
 
+void openForSaving(QSaveFile& file)
+{
+    if (file.open(QIODevice::WriteOnly))
+        return;
+    if (!QFileInfo(file.fileName()).dir().exists())
+        throw Error(fileErrors::pathNotFound, u"Path not found"_s);
+    throw Error(fileErrors::permissionDenied, u"Permission denied"_s);
+}
+
 } // namespace
 
 bool fileExists(const QString& path)
@@ -85,6 +95,38 @@ void moveFile(const QString& from, const QString& to)
     if (!target.dir().exists())
         throw Error(fileErrors::pathNotFound, u"Path not found"_s);
     moveByPath(QFileInfo(filePath(from)).filesystemFilePath(), target.filesystemFilePath());
+}
+
+void copyFile(const QString& from, const QString& to)
+{
+    requireFile(from);
+    QFile source(filePath(from));
+    if (!source.open(QIODevice::ReadOnly))
+        throw Error(fileErrors::permissionDenied, u"Permission denied"_s);
+    QSaveFile target(filePath(to));
+    openForSaving(target);
+    constexpr qint64 piece = 1 << 20;
+    while (!source.atEnd()) {
+        const QByteArray read = source.read(piece);
+        if (read.isEmpty())
+            throw Error(fileErrors::deviceError, u"Device I/O error"_s);
+        if (target.write(read) != read.size())
+            throw Error(fileErrors::diskFull, u"Disk full"_s);
+    }
+    // What this user may do is no right of the file.
+    constexpr QFile::Permissions own = QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
+    target.setPermissions(source.permissions() & ~own);
+    if (!target.commit())
+        throw Error(fileErrors::diskFull, u"Disk full"_s);
+}
+
+void writeText(const QString& path, const QString& text)
+{
+    QSaveFile file(filePath(path));
+    openForSaving(file);
+    file.write(text.toUtf8());
+    if (!file.commit())
+        throw Error(fileErrors::diskFull, u"Disk full"_s);
 }
 
 void deleteFile(const QString& path)

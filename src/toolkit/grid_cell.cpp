@@ -214,7 +214,7 @@ void DataGrid::pressButton()
         return;
     if (cellButton(cell.column()) == CellButton::Arrow)
         dropList();
-    else if (cellButton(cell.column()) == CellButton::Dots && acceptEditor())
+    else if (cellButton(cell.column()) == CellButton::Dots && settleOtherRow() && acceptEditor())
         Q_EMIT cellButtonClicked(cell.column());
 }
 

@@ -25,6 +25,23 @@ bool isEnter(int key)
     return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
+bool moves(int key)
+{
+    switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        return true;
+    default:
+        return false;
+    }
+}
+
 bool dropsList(const QKeyEvent& event)
 {
     return event.key() == Qt::Key_F4
@@ -123,7 +140,8 @@ void DataGrid::enterKey(QKeyEvent* event)
 
 bool DataGrid::moveKey(QKeyEvent* event)
 {
-    if (event->modifiers().testFlag(Qt::AltModifier))
+    // Any other key, such as the first of a shortcut, leaves the selected rows alone.
+    if (event->modifiers().testFlag(Qt::AltModifier) || !moves(event->key()))
         return false;
     const bool ctrl = event->modifiers().testFlag(Qt::ControlModifier);
     const bool extend =
@@ -161,7 +179,7 @@ bool DataGrid::moveKey(QKeyEvent* event)
         goTo(ctrl ? lastRecord : row, lastPlace);
         break;
     default:
-        return false;
+        break;
     }
     if (extend)
         selectRows(m_anchorRow, currentIndex().row(), QItemSelectionModel::ClearAndSelect);

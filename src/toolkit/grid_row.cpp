@@ -163,15 +163,16 @@ bool DataGrid::writePendingRow()
 bool DataGrid::storeRow()
 {
     const bool adding = m_buffer->kind() == RowBuffer::Kind::Add;
-    const auto error = tryUpdate();
+    m_writeFailure = tryUpdate();
     // The grid stays on the row that was its new-record row, and takes the recordset there.
-    if (!error && adding)
+    const bool written = !m_writeFailure;
+    if (written && adding)
         standOnCurrentRow();
-    bool failed = error.has_value();
+    bool failed = !written;
     Q_EMIT afterUpdate(failed);
-    if (error && failed)
-        showFailure(error->description());
-    return !error;
+    if (!written && failed)
+        showFailure(m_writeFailure->description());
+    return written;
 }
 
 std::optional<store::Error> DataGrid::tryUpdate()

@@ -23,4 +23,11 @@ QString fileTitle(const QString& path)
     return filePath(path).section(u'/', -1);
 }
 
+QString fileExtension(const QString& path)
+{
+    const QString title = fileTitle(path);
+    const qsizetype point = title.lastIndexOf(u'.');
+    return point < 0 ? QString() : title.mid(point + 1);
+}
+
 } // namespace ostrand::toolkit

@@ -16,4 +16,7 @@ QString filePath(const QString& stored);
 /// The last part of a path, whichever separators it has.
 QString fileTitle(const QString& path);
 
+/// What follows the last point of the file's name, without it; "" for none.
+QString fileExtension(const QString& path);
+
 } // namespace ostrand::toolkit

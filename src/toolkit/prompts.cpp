@@ -3,6 +3,7 @@
 #include "toolkit/prompts.h"
 
 #include "toolkit/dialog_host.h"
+#include "toolkit/file_system.h"
 
 #include <QCoreApplication>
 
@@ -63,6 +64,14 @@ QString formB(const QString& text, const store::Error& error)
            + error.description();
 }
 
+QString procedureFailure(const store::Error& error, const QString& procedure, const QString& window)
+{
+    return QCoreApplication::translate("prompts", "Error ") + QString::number(error.number())
+           + u" ("_s + error.description()
+           + QCoreApplication::translate("prompts", ") in procedure ") + procedure
+           + QCoreApplication::translate("prompts", " of Form ") + window;
+}
+
 QString chooseFile(const FileRequest& request)
 {
     const auto chosen = promptHost().fileDialog(request);
@@ -70,6 +79,12 @@ QString chooseFile(const FileRequest& request)
         throw store::Error(cancelledDialog,
                            QCoreApplication::translate("Prompts", "Cancel was selected."));
     return *chosen;
+}
+
+QString chooseFileIfAny(const FileRequest& request)
+{
+    QString chosen = promptHost().fileDialog(request).value_or(QString());
+    return fileExists(chosen) ? chosen : QString();
 }
 
 } // namespace ostrand::toolkit

@@ -38,6 +38,7 @@ struct FileRequest
     QString fileName = {}; ///< preset file or folder
     QString folder = {};   ///< initial folder; "" for that of `fileName`
     bool save = false;
+    QString suffix = QStringLiteral("mdb"); ///< of a file to be saved whose name has none
 };
 
 /// What shows the boxes. The default host shows real windows.
@@ -50,6 +51,8 @@ public:
     virtual std::optional<QString> inputBox(const QString& prompt, const QString& title) = 0;
     /// The full path chosen; nothing when cancelled.
     virtual std::optional<QString> fileDialog(const FileRequest& request) = 0;
+    /// The folder chosen, over `owner`; nothing when cancelled.
+    virtual std::optional<QString> folderDialog(QWidget* owner, const QString& title) = 0;
     /// Opens an address in the default browser.
     virtual void openAddress(const QString& url) = 0;
 };
@@ -69,10 +72,16 @@ bool askYesNo(const QString& text);
 QString formA(const QString& text, const store::Error& error);
 /// text, line break, "Error : ", number, ". ", description.
 QString formB(const QString& text, const store::Error& error);
+/// "Error ", number, the description in brackets, and the procedure of a window that it ended.
+QString
+procedureFailure(const store::Error& error, const QString& procedure, const QString& window);
 
 /// The error that callers of a file dialog meet when the user cancels it.
 inline constexpr int cancelledDialog = 32755;
 /// The file chosen; raises 32755 when the user cancels.
 QString chooseFile(const FileRequest& request);
+/// The file chosen, for callers that take a cancelled dialog as no choice: "" then, and also where
+/// there is no such file.
+QString chooseFileIfAny(const FileRequest& request);
 
 } // namespace ostrand::toolkit

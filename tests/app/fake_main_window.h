@@ -42,6 +42,9 @@ public:
     }
     void CreateIndex() override { m_log << QStringLiteral("CreateIndex"); }
     void setPanelText(int /*panel*/, const QString& text) override { m_log << text; }
+    void showRecordCounter() override { m_log << QStringLiteral("showRecordCounter"); }
+    void setProgress(int /*done*/, int /*total*/) override {}
+    void refreshDocuments(const QString& /*docType*/) override {}
     QWidget* window() override { return &m_window; }
 
 private:

@@ -40,6 +40,7 @@ class tst_csv : public QObject
 private Q_SLOTS:
     void cellsAreReadAsWritten_data();
     void cellsAreReadAsWritten();
+    void anEmptyCellInQuotesIsNotBlank();
     void rowsKnowTheirLines();
     void aMarkOfByteOrderIsNoPartOfTheFirstName();
     void faultsNameFileAndLine_data();
@@ -82,6 +83,16 @@ void tst_csv::cellsAreReadAsWritten()
     for (const std::string& cell : table.rows().front().cells)
         found.append(QByteArray::fromStdString(cell));
     QCOMPARE(found, cells);
+}
+
+void tst_csv::anEmptyCellInQuotesIsNotBlank()
+{
+    const CsvTable table = CsvTable::parse("a,b,c\n,\"\",x\n", "x.csv");
+    const CsvTable::Row& row = table.rows().front();
+    QVERIFY(row.isBlank(0));
+    QVERIFY(!row.isBlank(1));
+    QVERIFY(row.cells[1].empty());
+    QVERIFY(!row.isBlank(2));
 }
 
 void tst_csv::rowsKnowTheirLines()

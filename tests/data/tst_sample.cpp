@@ -42,7 +42,7 @@ private Q_SLOTS:
     void rangesAreThereInPartsToo();
     void aRangeIsSplit_data();
     void aRangeIsSplit();
-    void foldersCanBeGiven();
+    void foldersAndThePidDatabaseCanBeGiven();
     void equalInputGivesEqualBytes();
     void aFaultyInputLeavesTheOldFileAlone();
 };
@@ -149,15 +149,16 @@ void tst_sample::aRangeIsSplit()
     QCOMPARE(QByteArray::fromStdString(range.low + '|' + range.high + '|' + range.unit), parts);
 }
 
-void tst_sample::foldersCanBeGiven()
+void tst_sample::foldersAndThePidDatabaseCanBeGiven()
 {
     const QTemporaryDir folder;
     const fs::path file = pathOf(folder) / "new folder" / "s.mdb";
-    makeSample(file, dataFolder(), {"/home/Datasheets", "/home/Templates"});
+    makeSample(file, dataFolder(), {"/home/Datasheets", "/home/Templates", "/home/PID.mdb"});
     ScratchProject project(file);
     QCOMPARE(project.rows("SELECT attributeValue FROM ProjectInfo WHERE attributeName IN "
-                          "('DefaultDatasheetFolder', 'DefaultTemplateFolder') ORDER BY rowid"),
-             (QStringList{u"/home/Datasheets"_s, u"/home/Templates"_s}));
+                          "('DefaultDatasheetFolder', 'DefaultTemplateFolder', "
+                          "'DefaultP&IDDatabase') ORDER BY rowid"),
+             (QStringList{u"/home/Datasheets"_s, u"/home/Templates"_s, u"/home/PID.mdb"_s}));
 }
 
 void tst_sample::equalInputGivesEqualBytes()

@@ -14,6 +14,7 @@ class TestRecordset : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void aSnapshotHoldsWhatWasThere();
     void anEmptyRecordsetIsAtBothEnds();
     void openingStandsOnTheFirstRowInKeyOrder();
     void movingCountsTheRowsVisited();
@@ -493,6 +494,27 @@ void TestRecordset::aClosedRecordsetRaises()
     rows->Close();
     QCOMPARE(errorOf([&] { rows->MoveFirst(); }), errors::objectClosed);
     QCOMPARE(errorOf([&] { rows->Field(0); }), errors::objectClosed);
+}
+
+void TestRecordset::aSnapshotHoldsWhatWasThere()
+{
+    open(3);
+    const Database database = m_file->open();
+    const QString select =
+        u"select tag, size from item where tag <> 'PT-00002' order by size desc"_s;
+    const auto kept = database.OpenRecordset(select);
+    const auto rows = database.OpenSnapshot(select);
+    QVERIFY(!rows->Updatable());
+    QCOMPARE(rows->Field(u"Tag"_s).text(), kept->Field(u"Tag"_s).text());
+    QCOMPARE(rows->knownRows(), 2);
+    database.Execute(u"update item set size = 99"_s);
+    QCOMPARE(rows->Field(u"size"_s).integer(), 3);
+    rows->MoveNext();
+    QCOMPARE(rows->Field(u"tag"_s).text(), u"PT-00001"_s);
+    QCOMPARE(errorOf([&] { rows->Edit(); }), errors::notUpdatable);
+    QCOMPARE(errorOf([&] { database.OpenSnapshot(u"select colour from item"_s); }),
+             errors::missingParameter);
+    QCOMPARE(errorOf([&] { database.OpenSnapshot(u"delete from item"_s); }), errors::notSupported);
 }
 
 QTEST_APPLESS_MAIN(TestRecordset)

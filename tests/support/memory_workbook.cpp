@@ -105,7 +105,39 @@ std::unique_ptr<spreadsheet::Range> MemorySheet::Range(const QString& reference)
     const QString upper = QString(reference).remove(u'$').toUpper();
     if (!form.match(upper).hasMatch())
         throw Error(errors::applicationError, u"The reference is not valid"_s);
+    if (const auto watcher = m_book->m_application->m_office->whenAsked)
+        watcher(upper);
     return std::make_unique<MemoryCell>(*this, upper);
+}
+
+/// A block such as "A1:E100".
+spreadsheet::CellValues MemorySheet::Values(const QString& block)
+{
+    static const QRegularExpression form(u"^([A-Z])([0-9]+):([A-Z])([0-9]+)$"_s);
+    const QRegularExpressionMatch match = form.match(block);
+    if (!match.hasMatch())
+        throw Error(errors::applicationError, u"The reference is not valid"_s);
+    spreadsheet::CellValues values;
+    for (int row = match.captured(2).toInt(); row <= match.captured(4).toInt(); ++row) {
+        auto& line = values.emplace_back();
+        const char16_t last = match.captured(3).front().unicode();
+        for (char16_t column = match.captured(1).front().unicode(); column <= last; ++column)
+            line.push_back(Range(QChar(column) + QString::number(row))->Value());
+    }
+    return values;
+}
+
+void MemorySheet::write(const std::vector<spreadsheet::CellWrite>& cells)
+{
+    for (const spreadsheet::CellWrite& write : cells) {
+        const auto range = Range(write.cell);
+        const auto* text = std::get_if<QString>(&write.value);
+        if (text || std::holds_alternative<std::monostate>(write.value))
+            range->setValue(text ? *text : QString());
+        else
+            content().cells[write.cell.toUpper()] = write.value;
+    }
+    m_book->m_modified = true;
 }
 
 std::unique_ptr<spreadsheet::Control> MemorySheet::OLEObjects(const QString& name)
@@ -229,6 +261,8 @@ std::shared_ptr<spreadsheet::Worksheet> MemoryWorkbook::AddSheet(const QString& 
 QString MemoryWorkbook::CustomDocumentProperty(const QString& name) const
 {
     requireAlive();
+    if (const auto watcher = m_application->m_office->whenAsked)
+        watcher(name);
     if (!m_content.properties.contains(name))
         throw Error(errors::invalidCall, u"There is no such property"_s);
     return m_content.properties[name];
@@ -253,8 +287,11 @@ void MemoryWorkbook::Save()
     bool cancel = false;
     if (const auto handler = m_events.BeforeSave)
         handler(false, cancel);
-    if (!cancel)
-        store(m_path);
+    if (cancel)
+        return;
+    if (const auto watcher = m_application->m_office->whenSaved)
+        watcher(m_path, m_sheets[m_active]->Name());
+    store(m_path);
 }
 
 void MemoryWorkbook::SaveAs(const QString& path, spreadsheet::FileFormat /*format*/)
@@ -354,6 +391,8 @@ std::shared_ptr<spreadsheet::Workbook> MemoryApplication::Open(const QString& pa
     requireAlive();
     if (!QFileInfo(path).isFile())
         throw Error(errors::applicationError, u"The file was not found"_s);
+    if (m_office->whenOpened)
+        m_office->whenOpened(path);
     auto content = readWorkbook(path);
     if (!content)
         throw Error(errors::invalidFileFormat, u"The file is no workbook"_s);

@@ -31,6 +31,8 @@ public:
 
     QString Name() const override;
     std::unique_ptr<spreadsheet::Range> Range(const QString& reference) override;
+    spreadsheet::CellValues Values(const QString& block) override;
+    void write(const std::vector<spreadsheet::CellWrite>& cells) override;
     std::unique_ptr<spreadsheet::Control> OLEObjects(const QString& name) override;
     void Activate() override;
     void Protect() override {}
@@ -189,6 +191,11 @@ public:
     std::optional<spreadsheet::Error> closeFailure;
     /// Runs at every value that the program writes.
     std::function<void()> whenWritten;
+    /// Run before a file is read, and before one is saved with a sheet in front; they may fail.
+    std::function<void(const QString& path)> whenOpened;
+    std::function<void(const QString& path, const QString& sheet)> whenSaved;
+    /// Runs before a cell or a document property of that name is used; it may fail.
+    std::function<void(const QString& name)> whenAsked;
 
 private:
     friend class MemoryApplication;

@@ -39,6 +39,13 @@ std::optional<QString> ScriptedPrompts::fileDialog(const toolkit::FileRequest& r
     return takeNext(files, {});
 }
 
+std::optional<QString> ScriptedPrompts::folderDialog(QWidget* owner, const QString& title)
+{
+    folderOwners.push_back(owner);
+    folderTitles << title;
+    return takeNext(folders, {});
+}
+
 QStringList ScriptedPrompts::takeTexts()
 {
     QStringList texts;

@@ -22,6 +22,7 @@ public:
     toolkit::Answer messageBox(const toolkit::Box& box) override;
     std::optional<QString> inputBox(const QString& prompt, const QString& title) override;
     std::optional<QString> fileDialog(const toolkit::FileRequest& request) override;
+    std::optional<QString> folderDialog(QWidget* owner, const QString& title) override;
     void openAddress(const QString& url) override { addresses << url; }
 
     /// The texts of the boxes shown since the last call.
@@ -29,10 +30,13 @@ public:
 
     std::vector<toolkit::Box> boxes;
     std::vector<toolkit::FileRequest> fileRequests;
+    QStringList folderTitles;
+    std::vector<QWidget*> folderOwners;
     QStringList addresses;
 
     std::deque<toolkit::Answer> answers;
     std::deque<std::optional<QString>> files;
+    std::deque<std::optional<QString>> folders;
     std::deque<std::optional<QString>> inputs;
     /// Runs while a box is open, before it is answered.
     std::function<void(const toolkit::Box&)> whileOpen;

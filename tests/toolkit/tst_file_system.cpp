@@ -1,5 +1,6 @@
 // SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
 // SPDX-License-Identifier: MIT
+#include "support/file_size_limit.h"
 #include "support/without_root.h"
 #include "toolkit/file_system.h"
 #include "toolkit/paths.h"
@@ -9,15 +10,14 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <csignal>
 #include <functional>
 #include <memory>
 
 using namespace Qt::StringLiterals;
 using namespace ostrand;
+using ostrand::tests::FileSizeLimit;
 using ostrand::tests::WithoutRoot;
 
 namespace {
@@ -32,30 +32,6 @@ int errorOf(const std::function<void()>& command)
     }
     return 0;
 }
-
-/// While one stands, no file of this process may grow beyond the limit.
-class FileSizeLimit
-{
-public:
-    explicit FileSizeLimit(rlim_t bytes)
-        : m_signal(std::signal(SIGXFSZ, SIG_IGN))
-    {
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit limit{bytes, m_before.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_signal);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-private:
-    void (*m_signal)(int);
-    rlimit m_before{};
-};
 
 dev_t deviceOf(const QString& path)
 {
@@ -89,6 +65,13 @@ private Q_SLOTS:
     void movingWithoutRightsFails();
     void movingToAnotherFileSystemTakesTheContentAlong();
     void movingToAFullFileSystemKeepsTheFile();
+
+    void aFileIsCopiedOverWhatIsThere();
+    void aReadOnlyFileIsCopiedWithItsRights();
+    void copyingAMissingFileFails();
+    void copyingIntoAMissingFolderFails();
+    void copyingWithoutRightsFails();
+    void copyingToAFullFileSystemKeepsTheOldTarget();
 
     void aFileIsDeleted();
     void deletingAMissingFileFails();
@@ -238,6 +221,71 @@ void TestFileSystem::movingToAFullFileSystemKeepsTheFile()
         QCOMPARE(read(from), content);
         QVERIFY(!QFile::exists(to));
     }
+}
+
+void TestFileSystem::aFileIsCopiedOverWhatIsThere()
+{
+    const QString from = make(u"a.xls"_s, QByteArray(3'000'000, 'x'));
+    toolkit::copyFile(QString(from).replace(u'/', u'\\'), path(u"b.xls"_s));
+    QVERIFY(read(path(u"b.xls"_s)) == QByteArray(3'000'000, 'x'));
+    QVERIFY(read(from) == QByteArray(3'000'000, 'x'));
+    toolkit::copyFile(make(u"c.xls"_s, "short"), path(u"b.xls"_s));
+    QCOMPARE(read(path(u"b.xls"_s)), QByteArray("short"));
+    toolkit::copyFile(make(u"empty.xls"_s, ""), path(u"b.xls"_s));
+    QCOMPARE(read(path(u"b.xls"_s)), QByteArray());
+}
+
+void TestFileSystem::aReadOnlyFileIsCopiedWithItsRights()
+{
+    const QString from = make(u"a.xls"_s);
+    QFile::setPermissions(from, QFile::ReadOwner);
+    toolkit::copyFile(from, path(u"b.xls"_s));
+    QCOMPARE(read(path(u"b.xls"_s)), QByteArray("content"));
+    QVERIFY(!(QFile::permissions(path(u"b.xls"_s)) & QFile::WriteOwner));
+}
+
+void TestFileSystem::copyingAMissingFileFails()
+{
+    QCOMPARE(errorOf([&] { toolkit::copyFile(path(u"no.xls"_s), path(u"b.xls"_s)); }), 53);
+    QCOMPARE(errorOf([&] { toolkit::copyFile(m_folder->path(), path(u"b.xls"_s)); }), 53);
+    QCOMPARE(errorOf([&] { toolkit::copyFile(path(u"no/a.xls"_s), path(u"b.xls"_s)); }), 76);
+    QVERIFY(QDir(m_folder->path()).isEmpty());
+}
+
+void TestFileSystem::copyingIntoAMissingFolderFails()
+{
+    const QString from = make(u"a.xls"_s);
+    QCOMPARE(errorOf([&] { toolkit::copyFile(from, path(u"no/b.xls"_s)); }), 76);
+}
+
+void TestFileSystem::copyingWithoutRightsFails()
+{
+    const QString from = make(u"a.xls"_s);
+    QFile::setPermissions(m_folder->path(),
+                          QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther);
+    {
+        const WithoutRoot user;
+        QCOMPARE(errorOf([&] { toolkit::copyFile(from, path(u"b.xls"_s)); }), 70);
+    }
+    QFile::setPermissions(from, QFile::Permissions());
+    {
+        const WithoutRoot user;
+        QCOMPARE(errorOf([&] { toolkit::copyFile(from, path(u"b.xls"_s)); }), 70);
+    }
+    QFile::setPermissions(m_folder->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QVERIFY(!QFile::exists(path(u"b.xls"_s)));
+}
+
+void TestFileSystem::copyingToAFullFileSystemKeepsTheOldTarget()
+{
+    const QString from = make(u"a.xls"_s, QByteArray(3'000'000, 'x'));
+    const QString to = make(u"b.xls"_s, "old");
+    {
+        const FileSizeLimit limit(2'000'000);
+        QCOMPARE(errorOf([&] { toolkit::copyFile(from, to); }), 61);
+    }
+    QCOMPARE(read(to), QByteArray("old"));
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files), (QStringList{u"a.xls"_s, u"b.xls"_s}));
 }
 
 void TestFileSystem::aFileIsDeleted()

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QDesktopServices>
 #include <QDialog>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -15,6 +16,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
@@ -89,9 +91,13 @@ private Q_SLOTS:
     void theSaveDialogIsSetUpAsAsked();
     void theSaveDialogDoesNotAskAboutExistingFiles();
     void aNameWithoutSuffixIsSavedAsProject();
+    void aNameWithoutSuffixGetsTheOneAskedFor();
     void theDialogStartsAtThePresetFile();
     void aNameIsOfferedInAnotherFolder();
     void choosingAFileRaisesWhenCancelled();
+    void aFileThatIsNotThereCountsAsNoChoice();
+    void theFolderDialogGivesTheFolderChosen();
+    void aCancelledFolderDialogGivesNothing();
     void filtersAreRewritten_data();
     void filtersAreRewritten();
 
@@ -305,6 +311,18 @@ void TestPrompts::aNameWithoutSuffixIsSavedAsProject()
     QCOMPARE(chosen.value_or(u"-"_s), folder.filePath(u"plant.mdb"_s));
 }
 
+void TestPrompts::aNameWithoutSuffixGetsTheOneAskedFor()
+{
+    const QTemporaryDir folder;
+    whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+        dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(u"report"_s);
+        static_cast<QDialog&>(dialog).accept();
+    });
+    const auto chosen = promptHost().fileDialog(
+        {.title = {}, .filter = {}, .fileName = folder.path(), .save = true, .suffix = u"txt"_s});
+    QCOMPARE(chosen.value_or(u"-"_s), folder.filePath(u"report.txt"_s));
+}
+
 void TestPrompts::theDialogStartsAtThePresetFile()
 {
     const QTemporaryDir folder;
@@ -368,6 +386,41 @@ void TestPrompts::filtersAreRewritten()
 {
     QFETCH(const QString, filter);
     QTEST(nameFilters(filter), "expected");
+}
+
+void TestPrompts::aFileThatIsNotThereCountsAsNoChoice()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    auto& script = tests::installScriptedPrompts();
+    script.files = {file.fileName(), std::nullopt, file.fileName() + u".gone"_s, QDir::tempPath()};
+    QCOMPARE(chooseFileIfAny({.title = {}, .filter = {}}), file.fileName());
+    for (int i = 0; i < 3; ++i)
+        QCOMPARE(chooseFileIfAny({.title = {}, .filter = {}}), QString());
+    QVERIFY(script.files.empty());
+}
+
+void TestPrompts::theFolderDialogGivesTheFolderChosen()
+{
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir(u"inner"_s));
+    QWidget owner;
+    whenOpen<QFileDialog>([&](QFileDialog& dialog) {
+        QCOMPARE(dialog.windowTitle(), u"Select a folder"_s);
+        QCOMPARE(dialog.fileMode(), QFileDialog::Directory);
+        QVERIFY(dialog.testOption(QFileDialog::ShowDirsOnly));
+        QCOMPARE(dialog.parentWidget(), &owner);
+        dialog.findChild<QLineEdit*>(u"fileNameEdit"_s)->setText(folder.filePath(u"inner"_s));
+        static_cast<QDialog&>(dialog).accept();
+    });
+    const auto chosen = promptHost().folderDialog(&owner, u"Select a folder"_s);
+    QCOMPARE(chosen.value_or(u"-"_s), folder.filePath(u"inner"_s));
+}
+
+void TestPrompts::aCancelledFolderDialogGivesNothing()
+{
+    whenOpen<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+    QVERIFY(!promptHost().folderDialog(nullptr, u"Select a folder"_s));
 }
 
 void TestPrompts::addressesGoToTheBrowser()

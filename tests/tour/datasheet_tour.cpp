@@ -67,7 +67,7 @@ public:
 
     void editAndSave()
     {
-        OfficeDisplay::activate(windowTitle);
+        OfficeDisplay::bringUp(windowTitle);
         OfficeDisplay::press({u"ctrl+shift+t"_s, u"ctrl+a"_s});
         OfficeDisplay::type(editedCell);
         OfficeDisplay::press({u"Return"_s});
@@ -89,7 +89,7 @@ public:
 
     void close()
     {
-        OfficeDisplay::activate(windowTitle);
+        OfficeDisplay::bringUp(windowTitle);
         OfficeDisplay::press({u"ctrl+w"_s});
         require(QTest::qWaitFor([] { return !datasheets::xlHndlr().XlAlreadyOpen(); }, patienceMs),
                 "the datasheet closes");

@@ -9,10 +9,14 @@
 #include "app/state.h"
 #include "camera.h"
 #include "datasheet_tour.h"
+#include "documents_tour.h"
 #include "index/frmIndex.h"
 #include "index/index_columns.h"
+#include "populate_tour.h"
+#include "project_tour.h"
 #include "store/database.h"
 #include "toolkit/data_grid.h"
+#include "viewing_tour.h"
 
 #include <QApplication>
 #include <QDir>
@@ -167,6 +171,8 @@ QString makeProject(const Camera& camera)
                            folder + u"/Datasheets"_s,
                            u"--templates"_s,
                            folder + u"/Templates"_s,
+                           u"--pid"_s,
+                           bin.filePath(u"Samples/HGC_PID.mdb"_s),
                            u"sample"_s,
                            project})
         != 0)
@@ -198,7 +204,11 @@ void tourIndex(const Camera& camera)
         open.exec();
     });
     IndexTour(camera, window).walk();
+    tourProject(camera);
+    tourPopulate(camera);
+    tourDocuments(camera, window);
     tourDatasheet(camera, window);
+    tourViewing(camera, window);
     app::End();
 }
 

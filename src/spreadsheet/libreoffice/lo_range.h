@@ -3,11 +3,10 @@
 #pragma once
 
 #include "spreadsheet/application.h"
+#include "spreadsheet/libreoffice/cell_blocks.h"
 #include "spreadsheet/libreoffice/lo_workbook.h"
 
 #include <com/sun/star/sheet/XSpreadsheet.hpp>
-#include <com/sun/star/table/XCell.hpp>
-#include <com/sun/star/table/XCellRange.hpp>
 
 namespace ostrand::spreadsheet::libreoffice {
 
@@ -29,12 +28,10 @@ public:
 private:
     CellValue numberValue() const;
     CellValue formulaValue() const;
-    void writeText(const QString& text);
 
     std::shared_ptr<LoWorkbook> m_workbook;
     QString m_sheetName;
-    com::sun::star::uno::Reference<com::sun::star::table::XCell> m_cell;       ///< of a single one
-    com::sun::star::uno::Reference<com::sun::star::table::XCellRange> m_block; ///< of a block
+    Cells m_cells;
 };
 
 } // namespace ostrand::spreadsheet::libreoffice

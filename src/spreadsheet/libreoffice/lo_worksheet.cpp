@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "spreadsheet/libreoffice/lo_worksheet.h"
 
+#include "spreadsheet/libreoffice/cell_blocks.h"
 #include "spreadsheet/libreoffice/lo_control.h"
 #include "spreadsheet/libreoffice/lo_range.h"
 #include "spreadsheet/libreoffice/lo_shape.h"
@@ -45,6 +46,20 @@ std::unique_ptr<Range> LoWorksheet::Range(const QString& reference)
 {
     return guarded(
         [&] { return std::make_unique<LoRange>(m_workbook, m_sheet, m_name, reference); });
+}
+
+CellValues LoWorksheet::Values(const QString& block)
+{
+    return guarded([&] { return valuesOf(m_sheet, block, *m_workbook->office().keeper()); });
+}
+
+void LoWorksheet::write(const std::vector<CellWrite>& cells)
+{
+    if (cells.empty())
+        return;
+    m_workbook->beginWriting();
+    guarded([&] { writeCells(*m_workbook, m_sheet, cells); });
+    m_workbook->noteChange(m_name);
 }
 
 std::unique_ptr<Control> LoWorksheet::OLEObjects(const QString& name)

@@ -20,6 +20,8 @@ public:
 
     QString Name() const override;
     std::unique_ptr<ostrand::spreadsheet::Range> Range(const QString& reference) override;
+    CellValues Values(const QString& block) override;
+    void write(const std::vector<CellWrite>& cells) override;
     std::unique_ptr<Control> OLEObjects(const QString& name) override;
     void Activate() override;
     void Protect() override;

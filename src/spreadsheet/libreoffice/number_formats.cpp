@@ -7,6 +7,7 @@
 #include <cmath>
 #include <com/sun/star/util/Date.hpp>
 #include <com/sun/star/util/NumberFormat.hpp>
+#include <com/sun/star/util/XNumberFormatTypes.hpp>
 #include <com/sun/star/util/XNumberFormatsSupplier.hpp>
 
 namespace css = com::sun::star;
@@ -14,6 +15,11 @@ using css::uno::Reference;
 using css::uno::UNO_QUERY_THROW;
 
 namespace ostrand::spreadsheet::libreoffice {
+namespace {
+
+constexpr qint64 millisecondsADay = 86'400'000;
+
+} // namespace
 
 NumberFormats::NumberFormats(const Reference<css::sheet::XSpreadsheetDocument>& document,
                              std::shared_ptr<ObjectKeeper> keeper)
@@ -43,12 +49,27 @@ NumberFormats::Meaning NumberFormats::meaningOf(sal_Int32 format)
 
 QDateTime NumberFormats::moment(double days) const
 {
-    constexpr qint64 millisecondsADay = 86'400'000;
     const double whole = std::floor(days);
     const auto milliseconds = std::llround((days - whole) * double(millisecondsADay));
     return QDateTime(m_dayZero, QTime(0, 0), Qt::UTC)
         .addDays(static_cast<qint64>(whole))
         .addMSecs(milliseconds);
+}
+
+double NumberFormats::daysOf(const QDateTime& moment) const
+{
+    return double(m_dayZero.daysTo(moment.date()))
+           + double(moment.time().msecsSinceStartOfDay()) / double(millisecondsADay);
+}
+
+sal_Int32 NumberFormats::standardFormat(Meaning meaning, bool withTime) const
+{
+    namespace NumberFormat = css::util::NumberFormat;
+    const sal_Int16 type = meaning == Meaning::Flag ? NumberFormat::LOGICAL
+                           : withTime               ? NumberFormat::DATETIME
+                                                    : NumberFormat::DATE;
+    return Reference<css::util::XNumberFormatTypes>(m_formats, UNO_QUERY_THROW)
+        ->getStandardFormat(type, css::lang::Locale());
 }
 
 } // namespace ostrand::spreadsheet::libreoffice

@@ -27,6 +27,10 @@ public:
     Meaning meaningOf(sal_Int32 format);
     /// The moment of a number of days since the document's day 0.
     QDateTime moment(double days) const;
+    /// The number of a moment, which the document takes for the moment's own clock.
+    double daysOf(const QDateTime& moment) const;
+    /// The document's own format for values of a meaning.
+    sal_Int32 standardFormat(Meaning meaning, bool withTime) const;
 
 private:
     std::shared_ptr<ObjectKeeper> m_keeper;
