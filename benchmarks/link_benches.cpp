@@ -40,7 +40,7 @@ constexpr int tagCount = 10'000;
 constexpr int sheetCount = 200;
 constexpr int mapRows = 12;
 constexpr int processCount = 10;
-constexpr int runs = 1;
+constexpr int runs = 3;
 const QString templateName = u"DS_PT.xlt"_s;
 
 double millisecondsOf(const std::function<void()>& action)

@@ -152,6 +152,16 @@ void frmProjectInfo::refuseDelete(bool& handled)
 
 // ---- closing
 
+void frmProjectInfo::reject()
+{
+    if (m_GridInfo->rowPending()) {
+        m_GridInfo->cancelRow();
+        m_GridInfo->setFocus();
+    } else {
+        close();
+    }
+}
+
 void frmProjectInfo::closeEvent(QCloseEvent* event)
 {
     event->setAccepted(mayClose());

@@ -35,8 +35,8 @@ public:
     bool ValidateAttribute();
 
 public Q_SLOTS:
-    /// Escape closes as the frame does.
-    void reject() override { close(); }
+    /// Escape drops the row under edit first, and then closes as the frame does.
+    void reject() override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;

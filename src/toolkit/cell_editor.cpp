@@ -21,6 +21,15 @@ constexpr int backspaceCode = 8;
 constexpr int pasteCode = 22;
 constexpr int cutCode = 24;
 
+/// Whether a key takes away what stands at the cursor, or around it. Desktops have several.
+bool deletes(const QKeyEvent& event)
+{
+    return event.key() == Qt::Key_Delete || event.matches(QKeySequence::DeleteStartOfWord)
+           || event.matches(QKeySequence::DeleteEndOfWord)
+           || event.matches(QKeySequence::DeleteEndOfLine)
+           || event.matches(QKeySequence::DeleteCompleteLine);
+}
+
 } // namespace
 
 int characterOf(const QKeyEvent& event)
@@ -111,7 +120,7 @@ bool CellEditor::isRefused(const QKeyEvent& event)
         return !passes(cutCode);
     if (event.key() == Qt::Key_Backspace && !m_changed)
         return !passes(backspaceCode);
-    if (event.key() == Qt::Key_Delete) {
+    if (deletes(event)) {
         bool handled = false;
         Q_EMIT deletePressed(handled);
         return handled || isHidden();
@@ -154,6 +163,13 @@ void CellEditor::inputMethodEvent(QInputMethodEvent* event)
             return;
     }
     QLineEdit::inputMethodEvent(event);
+}
+
+/// The middle button pastes on some desktops.
+void CellEditor::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::MiddleButton || passes(pasteCode))
+        QLineEdit::mouseReleaseEvent(event);
 }
 
 void CellEditor::contextMenuEvent(QContextMenuEvent* event)

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void saveWithNothingPendingIsTold();
     void saveInAnEmptyProjectIsTold();
     void anAttributeWithoutANameIsRefused();
+    void escapeDropsTheRowFromAButtonToo();
     void aFailureOfTheRowIsToldByTheWindowAlone();
     void aNameThatExistsIsToldBySave();
     void aNameThatExistsIsNotToldWhenTheRowIsLeft();
@@ -162,6 +163,24 @@ void TestProjectInfoEditing::anAttributeWithoutANameIsRefused()
         m_desk->key(Qt::Key_Escape);
         QVERIFY(!m_desk->grid().rowPending());
         QVERIFY(m_desk->window.isVisible());
+    });
+    QCOMPARE(m_desk->texts(), QStringList());
+}
+
+void TestProjectInfoEditing::escapeDropsTheRowFromAButtonToo()
+{
+    m_desk->open([this] {
+        m_desk->goToNewRow(app::infoColumn::value);
+        m_desk->type(u"a value"_s);
+        auto* exit = m_desk->window.findChild<QPushButton*>(u"cmdExit"_s);
+        exit->setFocus();
+        m_desk->press(u"cmdExit"_s);
+        m_desk->expectFailure(u"Property column should not be null\r\nor press escape to cancel"_s);
+        QTest::keyClick(exit, Qt::Key_Escape);
+        QVERIFY(!m_desk->grid().rowPending());
+        QVERIFY(m_desk->window.isVisible());
+        m_desk->press(u"cmdExit"_s);
+        QVERIFY(!m_desk->window.isVisible());
     });
     QCOMPARE(m_desk->texts(), QStringList());
 }

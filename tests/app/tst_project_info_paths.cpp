@@ -39,6 +39,8 @@ private Q_SLOTS:
     void theLogoAsTheTemplateSpellsItIsTyped();
     void pastingOnAPathIsRefused();
     void typingInTheOpenCellOfAPathIsRefused();
+    void everyKeyThatDeletesInTheOpenCellOfAPathIsRefused();
+    void pastingWithTheMiddleButtonOnAPathIsRefused();
 
     void browsingForAFolderStoresIt_data();
     void browsingForAFolderStoresIt();
@@ -148,6 +150,44 @@ void TestProjectInfoPaths::typingInTheOpenCellOfAPathIsRefused()
         m_desk->key(Qt::Key_Delete);
         m_desk->expectNotice(u"Please locate template folder \r\nusing 'Browse' command button"_s);
         QCOMPARE(m_desk->value(), QString());
+        m_desk->key(Qt::Key_Escape);
+    });
+}
+
+void TestProjectInfoPaths::everyKeyThatDeletesInTheOpenCellOfAPathIsRefused()
+{
+    using Key = QKeySequence::StandardKey;
+    ProgramFixture::execute(m_desk->project,
+                            u"update ProjectInfo set attributeValue = 'kept' where "
+                            u"attributeName = 'DefaultTemplateFolder'"_s);
+    m_desk->open([this] {
+        m_desk->goTo(u"DefaultTemplateFolder"_s);
+        m_desk->key(Qt::Key_F2);
+        int tried = 0;
+        for (const Key standard : {Key::DeleteStartOfWord,
+                                   Key::DeleteEndOfWord,
+                                   Key::DeleteEndOfLine,
+                                   Key::DeleteCompleteLine}) {
+            for (const QKeySequence& keys : QKeySequence::keyBindings(standard)) {
+                const QKeyCombination combination = keys[0];
+                m_desk->key(combination.key(), combination.keyboardModifiers());
+                QCOMPARE(m_desk->texts().size(), 1);
+                ++tried;
+            }
+        }
+        QVERIFY(tried >= 2);
+        m_desk->key(Qt::Key_Return);
+    });
+    QCOMPARE(m_desk->stored(u"DefaultTemplateFolder"_s), u"kept"_s);
+}
+
+void TestProjectInfoPaths::pastingWithTheMiddleButtonOnAPathIsRefused()
+{
+    m_desk->open([this] {
+        m_desk->goTo(u"DefaultTemplateFolder"_s);
+        m_desk->key(Qt::Key_F2);
+        QTest::mouseClick(QApplication::focusWidget(), Qt::MiddleButton);
+        m_desk->expectNotice(u"Please locate template folder  \r\nusing 'Browse' command button"_s);
         m_desk->key(Qt::Key_Escape);
     });
 }

@@ -5,6 +5,7 @@
 #include "app/program.h"
 #include "datasheets/cell_text.h"
 #include "support/workbook_file.h"
+#include "toolkit/ansi_text.h"
 
 #include <QDir>
 #include <QFile>
@@ -108,7 +109,7 @@ QStringList RunDesk::logged(const QString& name, bool ended) const
     QFile file(logFile(name));
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
         return {u"no log"_s};
-    QStringList lines = QString::fromLocal8Bit(file.readAll()).split(u'\n');
+    QStringList lines = toolkit::decodeText(file.readAll()).split(u'\n');
     if (lines.takeLast() != QString() || !stamp.match(lines.value(0)).hasMatch()
         || !lines.takeFirst().startsWith(u"Log is created"_s))
         return {u"no first line"_s};

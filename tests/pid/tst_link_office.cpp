@@ -9,6 +9,7 @@
 #include "pid/map_sheet.h"
 #include "spreadsheet/host.h"
 #include "support/index_fixture.h"
+#include "toolkit/ansi_text.h"
 
 #include <QDir>
 #include <QFile>
@@ -130,7 +131,7 @@ void TestLinkOffice::compareLog(const QString& name) const
 {
     QFile log(path(u"bin/"_s + name));
     QVERIFY(log.open(QIODevice::ReadOnly));
-    QString text = QString::fromUtf8(log.readAll());
+    QString text = toolkit::decodeText(log.readAll()).replace(u"\r\n"_s, u"\n"_s);
     text.replace(path(u"sheets"_s), u"<folder>"_s);
     text.replace(QRegularExpression(u"(Log is (?:created|ended) at ).*\\."_s), u"\\1<stamp>."_s);
     QFile expected(QStringLiteral(OSTRAND_EXPECTED_DIR "/") + name);

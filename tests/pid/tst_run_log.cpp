@@ -4,6 +4,7 @@
 #include "pid/run_log.h"
 #include "store/error.h"
 #include "support/without_root.h"
+#include "toolkit/ansi_text.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -48,6 +49,7 @@ private Q_SLOTS:
     void aReadOnlyLogIsReplaced();
     void aLogThatCannotBeReplacedIsRefused();
     void aFolderInItsPlaceIsRefused();
+    void aLogThatAnotherRunWritesIsRefused();
     void aFolderThatCannotBeWrittenSendsTheLogToTheUsersOwn();
     void textsOfAnyLanguageAreKept();
     void aFullDiskIsRaised_data();
@@ -59,7 +61,9 @@ private:
     static QString content(const QString& path)
     {
         QFile read(path);
-        return read.open(QIODevice::ReadOnly) ? QString::fromUtf8(read.readAll()) : u"none"_s;
+        if (!read.open(QIODevice::ReadOnly))
+            return u"none"_s;
+        return toolkit::decodeText(read.readAll()).replace(u"\r\n"_s, u"\n"_s);
     }
     static int openFailure(pid::RunLog& log)
     {
@@ -141,6 +145,21 @@ void TestRunLog::aFolderInItsPlaceIsRefused()
     QCOMPARE(openFailure(log), 70);
     QVERIFY(QFileInfo(file() + u"/within"_s).isDir());
     QCOMPARE(QFile::permissions(file()), before);
+}
+
+void TestRunLog::aLogThatAnotherRunWritesIsRefused()
+{
+    pid::RunLog first;
+    first.open(u"Import.log"_s);
+    {
+        pid::RunLog second;
+        QCOMPARE(openFailure(second), 70);
+    }
+    first.line(u"goes on"_s);
+    QVERIFY(content(file()).endsWith(u"goes on\n"_s));
+    first.close();
+    pid::RunLog second;
+    QCOMPARE(openFailure(second), 0);
 }
 
 void TestRunLog::aFolderThatCannotBeWrittenSendsTheLogToTheUsersOwn()
