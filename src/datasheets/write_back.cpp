@@ -9,6 +9,7 @@
 #include "datasheets/failure.h"
 #include "datasheets/map_row.h"
 #include "store/database.h"
+#include "store/quoting.h"
 #include "store/recordset.h"
 #include "toolkit/data_control.h"
 #include "toolkit/prompts.h"
@@ -92,8 +93,7 @@ void cXlHndlr::StoreData()
             requireCell(row, documentSource);
             // A cell without a text must not cost the tag its cross references.
             const QString docNo =
-                textOf(readValue(sheets.sheet(row.worksheet), row, documentSource))
-                    .replace(u'\'', u"''"_s);
+                store::quoted(textOf(readValue(sheets.sheet(row.worksheet), row, documentSource)));
             DeleteXdocRef(row.field);
             if (docNo.isEmpty())
                 return;

@@ -6,6 +6,7 @@
 #include "app/state.h"
 #include "documents/document_file.h"
 #include "documents/frmDocXref.h"
+#include "store/quoting.h"
 #include "toolkit/data_control.h"
 #include "toolkit/named.h"
 #include "toolkit/prompts.h"
@@ -216,8 +217,7 @@ void frmDocNew::storeDocument()
 void frmDocNew::tieToTag()
 {
     m_dbDoc->Database().Execute(u"insert into itemDocXRef (docNo, PlantItemNo) values ('"_s
-                                + m_txtDocNo->text().replace(u"'"_s, u"''"_s) + u"', '"_s + m_tag
-                                + u"');"_s);
+                                + store::quoted(m_txtDocNo->text()) + u"', '"_s + m_tag + u"');"_s);
 }
 
 } // namespace ostrand::documents

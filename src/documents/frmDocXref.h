@@ -33,7 +33,7 @@ protected:
     QString deleteQuestion() const override;
     void beforeUpdate(bool& cancel) override;
     void afterUpdate(bool& failed) override;
-    void checkNewRecord(bool& save) override;
+    void checkRecord(bool& save) override;
 
 private:
     void cmdMap();

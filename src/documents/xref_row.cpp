@@ -5,6 +5,7 @@
 #include "documents/frmDocXref.h"
 #include "documents/xref_columns.h"
 #include "store/database.h"
+#include "store/quoting.h"
 #include "store/recordset.h"
 #include "toolkit/prompts.h"
 
@@ -63,7 +64,7 @@ void frmDocXref::acceptColumn(int column, bool& cancel)
 /// written, with those of another one. A number that is not in the register has none.
 void frmDocXref::showPickedDocument()
 {
-    const QString number = cell(xref::docNo).text().replace(u"'"_s, u"''"_s);
+    const QString number = store::quoted(cell(xref::docNo).text());
     const auto found = records().Database().OpenRecordset(
         u"select Title, docType, Path, Filename from qryDoc where docNo = '"_s + number + u"'"_s);
     if (found->Eof())
@@ -102,7 +103,7 @@ void frmDocXref::beforeUpdate(bool& cancel)
 void frmDocXref::afterUpdate(bool& /*failed*/) {}
 
 /// Without a document the tie would be stored, and be seen nowhere.
-void frmDocXref::checkNewRecord(bool& save)
+void frmDocXref::checkRecord(bool& save)
 {
     if (!cell(xref::docNo).isNullOrEmpty())
         return;

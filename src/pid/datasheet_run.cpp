@@ -221,7 +221,7 @@ void DatasheetRun::processRows(const MapRows& rows)
 {
     for (const MapEntry& row : rows) {
         try {
-            if (processRow(row) == Next::Datasheet)
+            if (hasSheet(row) && processRow(row) == Next::Datasheet)
                 return;
         } catch (const RunEnds&) {
             throw;
@@ -233,6 +233,31 @@ void DatasheetRun::processRows(const MapRows& rows)
             if (line)
                 log(*line);
         }
+    }
+}
+
+bool DatasheetRun::hasSheet(const MapEntry& row)
+{
+    if (m_file->findSheet(row.worksheet))
+        return true;
+    log(QCoreApplication::translate("pid",
+                                    "Worksheet name '%1' for the cell '%2-%3'is incorrect in 'P&ID "
+                                    "database map' worksheet of '%4' file.")
+            .arg(row.worksheet, row.column, row.row, m_fileName));
+    return false;
+}
+
+void DatasheetRun::withCell(const std::function<void()>& action)
+{
+    try {
+        action();
+    } catch (const spreadsheet::Error& error) {
+        if (error.number() != spreadsheet::errors::applicationError)
+            throw;
+        log(QCoreApplication::translate("pid",
+                                        "Datasheet '%1' cell information is incorrect in P&ID "
+                                        "database map worksheet.")
+                .arg(m_fileName));
     }
 }
 

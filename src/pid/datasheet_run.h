@@ -12,6 +12,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -70,6 +71,7 @@ protected:
     /// The file is there and is about to be opened.
     virtual void prepare(const QString& /*path*/) {}
     virtual void beginRows() {}
+    /// The row's worksheet is there.
     virtual Next processRow(const MapEntry& row) = 0;
     virtual void endRows() {}
     /// A row's failure that lets the run go on with the next row: its log line, or nothing.
@@ -86,6 +88,8 @@ protected:
     virtual void catchUp() {}
 
     void log(const QString& line) { m_log.line(line); }
+    /// Runs an action on a row's cell; a cell that there is not is told in the log.
+    void withCell(const std::function<void()>& action);
     /// A box over the main window as it is between runs.
     void show(const QString& text, toolkit::BoxIcon icon);
     /// Ends the run with a line in the log.
@@ -118,6 +122,7 @@ private:
     void processTag(const QString& tag);
     void processDatasheet(const QString& path);
     void processRows(const MapRows& rows);
+    bool hasSheet(const MapEntry& row);
     void fileFailed(const store::Error& error);
     void tellReport();
     void failed(const store::Error& error);

@@ -7,7 +7,7 @@
 #include "datasheets/cell_text.h"
 #include "pid/datasheet_run.h"
 #include "pid/process_datasheet.h"
-#include "spreadsheet/error.h"
+#include "store/quoting.h"
 #include "store/recordset.h"
 #include "toolkit/data_control.h"
 
@@ -21,11 +21,6 @@ namespace {
 QString words(const char* text)
 {
     return QCoreApplication::translate("pid", text);
-}
-
-QString quoted(const QString& text)
-{
-    return QString(text).replace(u'\'', u"''"_s);
 }
 
 RunWords exportWords()
@@ -86,15 +81,10 @@ private:
 
     Next processRow(const MapEntry& row) override
     {
-        if (!m_file->findSheet(row.worksheet)) {
-            log(words("Worksheet name '%1' for the cell '%2-%3'is incorrect in 'P&ID database "
-                      "map' worksheet of '%4' file.")
-                    .arg(row.worksheet, row.column, row.row, m_fileName));
-            return Next::Row;
-        }
-        const auto found = m_pid->OpenRecordset(
-            u"select "_s + quoted(row.field) + u"  from ["_s + row.table + u"]  WHERE FUNCTION_='"_s
-            + m_key.function + u"' And TAG_ ='"_s + m_key.tag + u"'; "_s);
+        const auto found =
+            m_pid->OpenRecordset(u"select "_s + store::quoted(row.field) + u"  from ["_s + row.table
+                                 + u"]  WHERE FUNCTION_='"_s + m_key.function + u"' And TAG_ ='"_s
+                                 + m_key.tag + u"'; "_s);
         const QString value = textOfCell(row);
         if (value.isEmpty()) {
             log(words("The cell '%1-%2' of the worksheet '%3' is blank")
@@ -107,10 +97,10 @@ private:
                     .arg(row.field, row.table, m_key.function, m_key.tag));
             return Next::Row;
         }
-        m_pid->ExecutePassThrough(u"UPDATE  ["_s + row.table + u"] SET "_s + quoted(row.field)
-                                  + u" = '"_s + quoted(newValue(row, value))
-                                  + u"' WHERE FUNCTION_=  '"_s + m_key.function + u"' And TAG_ ='"_s
-                                  + m_key.tag + u"';"_s);
+        m_pid->ExecutePassThrough(u"UPDATE  ["_s + row.table + u"] SET "_s
+                                  + store::quoted(row.field) + u" = '"_s
+                                  + store::quoted(newValue(row, value)) + u"' WHERE FUNCTION_=  '"_s
+                                  + m_key.function + u"' And TAG_ ='"_s + m_key.tag + u"';"_s);
         m_changed = true;
         return Next::Row;
     }
@@ -128,16 +118,9 @@ private:
     /// A cell that there is not counts as empty.
     QString textOfCell(const MapEntry& row)
     {
-        try {
-            return datasheets::textOf(m_file->value(row.worksheet, row.cell()));
-        } catch (const spreadsheet::Error& error) {
-            if (error.number() != spreadsheet::errors::applicationError)
-                throw;
-            log(words("Datasheet '%1' cell information is incorrect in P&ID database map "
-                      "worksheet.")
-                    .arg(m_fileName));
-            return {};
-        }
+        QString text;
+        withCell([&] { text = datasheets::textOf(m_file->value(row.worksheet, row.cell())); });
+        return text;
     }
 
     std::optional<QString> rowFailure(const store::Error& error, const MapEntry& row) const override

@@ -5,7 +5,7 @@
 #include "pid/cell_value_of.h"
 #include "pid/datasheet_run.h"
 #include "pid/update_main_db.h"
-#include "spreadsheet/error.h"
+#include "store/quoting.h"
 #include "store/recordset.h"
 #include "toolkit/file_system.h"
 
@@ -63,14 +63,8 @@ private:
 
     Next processRow(const MapEntry& row) override
     {
-        if (!m_file->findSheet(row.worksheet)) {
-            log(words("Worksheet name '%1' for the cell '%2-%3'is incorrect in 'P&ID database "
-                      "map' worksheet of '%4' file.")
-                    .arg(row.worksheet, row.column, row.row, m_fileName));
-            return Next::Row;
-        }
         const auto found = m_pid->OpenRecordset(
-            u"select   "_s + QString(row.field).replace(u'\'', u"''"_s) + u" from ["_s + row.table
+            u"select   "_s + store::quoted(row.field) + u" from ["_s + row.table
             + u"]where FUNCTION_=  '"_s + m_key.function + u"' And TAG_ ='"_s + m_key.tag + u"'"_s);
         if (found->Eof()) {
             log(words("Datasheet %1 is not valid for mapping").arg(m_fileName));
@@ -91,15 +85,7 @@ private:
     /// A cell that there is not costs the datasheet its value, and the project keeps it.
     void put(const MapEntry& row, const spreadsheet::CellValue& value)
     {
-        try {
-            m_file->put(row.worksheet, row.cell(), value);
-        } catch (const spreadsheet::Error& error) {
-            if (error.number() != spreadsheet::errors::applicationError)
-                throw;
-            log(words("Datasheet '%1' cell information is incorrect in P&ID database map "
-                      "worksheet.")
-                    .arg(m_fileName));
-        }
+        withCell([&] { m_file->put(row.worksheet, row.cell(), value); });
     }
 
     std::optional<QString> rowFailure(const store::Error& error, const MapEntry& row) const override

@@ -5,6 +5,7 @@
 #include "app/main_window.h"
 #include "app/state.h"
 #include "store/database.h"
+#include "store/quoting.h"
 #include "store/recordset.h"
 #include "toolkit/data_control.h"
 #include "toolkit/file_system.h"
@@ -20,11 +21,6 @@ using ostrand::app::g_strNewDatasheetFolder;
 
 namespace ostrand::pid {
 namespace {
-
-QString quoted(const QString& text)
-{
-    return QString(text).replace(u'\'', u"''"_s);
-}
 
 void forget(const store::Database& project, const QString& tag)
 {
@@ -44,9 +40,9 @@ void moveDatasheet(const store::Database& project,
         forget(project, tag);
         return;
     }
-    project.Execute(u"Update qryIndex set DatasheetPath='"_s + quoted(g_strNewDatasheetFolder)
-                    + u"' , DataSheetFileName = '"_s + quoted(name) + u"' where tag='"_s
-                    + quoted(tag) + u"';"_s);
+    project.Execute(u"Update qryIndex set DatasheetPath='"_s
+                    + store::quoted(g_strNewDatasheetFolder) + u"' , DataSheetFileName = '"_s
+                    + store::quoted(name) + u"' where tag='"_s + store::quoted(tag) + u"';"_s);
     try {
         toolkit::moveFile(file, toolkit::joinPath(g_strNewDatasheetFolder, name));
     } catch (const store::Error& error) {

@@ -5,6 +5,7 @@
 #include "app/main_window.h"
 #include "app/state.h"
 #include "datasheets/failure.h"
+#include "store/quoting.h"
 #include "store/recordset.h"
 #include "toolkit/data_control.h"
 #include "toolkit/prompts.h"
@@ -14,15 +15,6 @@
 using namespace Qt::StringLiterals;
 
 namespace ostrand::pid {
-namespace {
-
-QString quoted(const QString& text)
-{
-    return QString(text).replace(u'\'', u"''"_s);
-}
-
-} // namespace
-
 MainDbUpdate::~MainDbUpdate()
 {
     endPiece();
@@ -71,7 +63,7 @@ void MainDbUpdate::intoIndex(const QString& table,
     if (value.isEmpty() || field == u"Tag"_s)
         return;
     m_database->ExecutePassThrough(u"UPDATE ["_s + table + u"] SET ["_s + field + u"] = '"_s
-                                   + quoted(value) + u"' WHERE PlantItemNo = '"_s + lookup
+                                   + store::quoted(value) + u"' WHERE PlantItemNo = '"_s + lookup
                                    + u"';"_s);
     m_indexChanged = true;
 }
@@ -83,7 +75,7 @@ void MainDbUpdate::intoDocuments(const QString& docType,
 {
     const auto known =
         m_database->OpenRecordset(u"select * from document where doctype='"_s + docType
-                                  + u"' and docno = '"_s + quoted(value) + u"'"_s);
+                                  + u"' and docno = '"_s + store::quoted(value) + u"'"_s);
     if (!known->Eof())
         return;
     m_database->ExecutePassThrough(u"insert into document (docNo, docType) values ( '"_s + value

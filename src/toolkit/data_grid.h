@@ -91,7 +91,7 @@ public:
 
     /// Number of the current column, -1 for none.
     int Col() const;
-    /// The selected rows, in the order of the grid.
+    /// The selected rows, in the order in which they were selected.
     std::vector<store::RowMark> SelBookmarks() const;
     /// Deletes the selected rows: per row `beforeDelete`, then the grid's question, then the
     /// data control's validation and the deletion.

@@ -190,16 +190,15 @@ std::optional<store::Error> DataGrid::tryUpdate()
 
 std::vector<store::RowMark> DataGrid::SelBookmarks() const
 {
-    std::set<int> rows;
-    for (const QItemSelectionRange& range : m_selection->selection()) {
-        for (int row = range.top(); row <= std::min(range.bottom(), m_model->recordCount() - 1);
-             ++row)
-            rows.insert(row);
-    }
+    std::set<int> seen;
     std::vector<store::RowMark> marks;
-    for (const int row : rows) {
-        if (const auto mark = m_model->markOf(row))
-            marks.push_back(*mark);
+    for (const QItemSelectionRange& range : m_selection->selection()) {
+        const int last = std::min(range.bottom(), m_model->recordCount() - 1);
+        for (int row = range.top(); row <= last; ++row) {
+            const auto mark = m_model->markOf(row);
+            if (mark && seen.insert(row).second)
+                marks.push_back(*mark);
+        }
     }
     return marks;
 }

@@ -238,7 +238,7 @@ void GridWindow::beforeUpdate(bool& /*cancel*/)
 
 void GridWindow::clearEmptyCells()
 {
-    const auto scope = m_records->Database().readScope();
+    m_records->Recordset(); // raises where there is none
     for (int i = 0; i < m_grid->ColumnCount() && clearIfEmpty(i); ++i) {
     }
 }
@@ -277,8 +277,8 @@ void GridWindow::validate(DataControl::Action action,
                           const std::optional<Error>& pending)
 {
     tellRecordFailure(action, pending);
-    if (!pending && action == DataControl::Action::Add)
-        checkNewRecord(save);
+    if (!pending && action != DataControl::Action::Delete)
+        checkRecord(save);
 }
 
 } // namespace ostrand::toolkit

@@ -107,8 +107,8 @@ protected:
     virtual void aboutToDelete() {}
     virtual void beforeUpdate(bool& cancel);
     virtual void afterUpdate(bool& failed);
-    /// May keep a new row from being added, telling why: `save` is cleared then.
-    virtual void checkNewRecord(bool& /*save*/) {}
+    /// May keep a row from being written, telling why: `save` is cleared then.
+    virtual void checkRecord(bool& /*save*/) {}
 
 private:
     void connectGrid();

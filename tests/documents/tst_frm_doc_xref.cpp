@@ -50,6 +50,7 @@ private Q_SLOTS:
     void anotherTagIsRefused();
     void theWindowsOwnTagIsAccepted();
     void aRowWithoutADocumentIsRefusedAndStays();
+    void aRowWhoseDocumentIsEmptiedKeepsItsTie();
     void anUnknownDocumentIsToldInTheEnginesWords();
     void anExactRepetitionIsToldInTheEnginesWords();
     void savingRenewsTheContext();
@@ -479,6 +480,23 @@ void TestFrmDocXref::aRowWithoutADocumentIsRefusedAndStays()
         desk.grid().cancelRow();
     });
     QCOMPARE(IndexFixture::value(m_project, u"select count(*) from itemDocXRef"_s), u"3"_s);
+}
+
+void TestFrmDocXref::aRowWhoseDocumentIsEmptiedKeepsItsTie()
+{
+    const QStringList before = ties();
+    open([&](Desk& desk) {
+        desk.goToRow(0, xref::docNo);
+        desk.key(Qt::Key_F2);
+        desk.key(Qt::Key_A, Qt::ControlModifier);
+        desk.key(Qt::Key_Delete);
+        desk.key(Qt::Key_Tab);
+        desk.press(u"cmdSave"_s);
+        desk.expectFailure(u"Document number cannot be null"_s);
+        QVERIFY(desk.grid().rowPending());
+        desk.grid().cancelRow();
+    });
+    QCOMPARE(ties(), before);
 }
 
 void TestFrmDocXref::anUnknownDocumentIsToldInTheEnginesWords()

@@ -44,7 +44,7 @@ private Q_SLOTS:
     void copyingTakesWhatIsBeingTyped();
 
     // ---- pasting
-    void theRowsComeBackInTheOrderOfTheGrid();
+    void theRowsComeBackInTheOrderOfTheirSelection();
     void everyFieldIsPastedAndNoCrossReference();
     void nullsStayNull();
     void pastingWithNoBufferIsTold();
@@ -318,7 +318,7 @@ void TestRowClipboard::copyingTakesWhatIsBeingTyped()
 
 // ---- pasting
 
-void TestRowClipboard::theRowsComeBackInTheOrderOfTheGrid()
+void TestRowClipboard::theRowsComeBackInTheOrderOfTheirSelection()
 {
     copy({u"FT-103"_s, u"FT-101"_s});
     const QString current = m_index->window.ActiveTag();
@@ -326,9 +326,9 @@ void TestRowClipboard::theRowsComeBackInTheOrderOfTheGrid()
     QCOMPARE(m_index->window.ActiveTag(), current);
     QVERIFY(m_index->tags().editMode() == store::EditMode::None);
     m_index->tags().MoveLast();
-    QCOMPARE(m_index->window.ActiveTag(), u"Copy of FT-103"_s);
-    m_index->tags().MovePrevious();
     QCOMPARE(m_index->window.ActiveTag(), u"Copy of FT-101"_s);
+    m_index->tags().MovePrevious();
+    QCOMPARE(m_index->window.ActiveTag(), u"Copy of FT-103"_s);
     QCOMPARE(m_index->texts(), QStringList());
     QCOMPARE(storedTags().size(), 6);
 }

@@ -65,7 +65,10 @@ protected:
     }
     QString deleteQuestion() const override { return u"Delete "_s + textInHand(0) + u"?"_s; }
     void aboutToDelete() override { deleted << textInHand(0); }
-    void checkNewRecord(bool& save) override { save = !refusesNew; }
+    void checkRecord(bool& save) override
+    {
+        save = !refusesNew || records().EditMode() != store::EditMode::Add;
+    }
 
 private:
     QString m_file;

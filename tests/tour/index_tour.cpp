@@ -12,6 +12,7 @@
 #include "documents_tour.h"
 #include "index/frmIndex.h"
 #include "index/index_columns.h"
+#include "link_tour.h"
 #include "populate_tour.h"
 #include "project_tour.h"
 #include "store/database.h"
@@ -208,6 +209,7 @@ void tourIndex(const Camera& camera)
     tourPopulate(camera);
     tourDocuments(camera, window);
     tourDatasheet(camera, window);
+    tourLink(camera, window);
     tourViewing(camera, window);
     app::End();
 }
