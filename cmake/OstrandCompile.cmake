@@ -18,3 +18,9 @@ target_compile_options(ostrand_compile INTERFACE
     -Wduplicated-branches -Wlogical-op -Wsuggest-override)
 # g++ 12 takes the empty state of std::optional<QString> for an uninitialized one.
 target_compile_options(ostrand_compile INTERFACE -Wno-maybe-uninitialized)
+
+# The sanitizers look into the programs and not into what they load.
+if(CMAKE_CXX_FLAGS MATCHES "-fsanitize=address")
+    target_sources(ostrand_compile INTERFACE
+        $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${CMAKE_CURRENT_LIST_DIR}/known_leaks.cpp>)
+endif()

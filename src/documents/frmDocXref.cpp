@@ -46,7 +46,8 @@ frmDocXref::frmDocXref(QWidget* parent)
                    .writing = tr("Error while column insert in doc cross reference."),
                    .checking = tr("Error while column insert in doc cross reference."),
                    .emptyKey = tr("Document number cannot be null"),
-                   .sameKey = QString()}},
+                   .sameKey = tr("This document is tied to the tag already") + u"\r\n"_s
+                              + tr("or press escape to cancel")}},
         parent),
       m_dbDoc(named(new toolkit::DataControl(this), u"dbDoc"_s)),
       m_dbDocType(named(new toolkit::DataControl(this), u"dbDocType"_s)),
@@ -83,6 +84,12 @@ void frmDocXref::ShowInfo(const QString& tag)
 
 void frmDocXref::load()
 {
+    // What does not depend on the tag comes first: one with an apostrophe in it ends the statements
+    // that name it.
+    m_dbDocType->setDatabaseName(app::g_strIndexFile);
+    m_dbDocType->Refresh();
+    grid().Columns(xref::docType).setDropDown(m_cmbDocType);
+    app::SetColumnNames(grid(), objectName());
     const QString ofTag = u" where Tag = '"_s + m_tag + u"'"_s;
     records().setDatabaseName(app::g_strIndexFile);
     records().setRecordSource(u"select * from qryDocXref"_s + ofTag + u";"_s);
@@ -94,10 +101,6 @@ void frmDocXref::load()
         + ofTag + u") and docType <> 'NA';"_s);
     m_dbDoc->Refresh();
     grid().Columns(xref::docNo).setDropDown(m_cmbDoc);
-    m_dbDocType->setDatabaseName(app::g_strIndexFile);
-    m_dbDocType->Refresh();
-    grid().Columns(xref::docType).setDropDown(m_cmbDocType);
-    app::SetColumnNames(grid(), objectName());
 }
 
 QString frmDocXref::sortedSource(const QString& column) const
@@ -153,6 +156,9 @@ void frmDocXref::OpenDatasheet()
 
 void frmDocXref::cmdReference()
 {
+    // A document that is stored there is shown here at once, which no row under edit would allow.
+    if (!settleRow())
+        return;
     // The main window takes all its windows along when it goes first.
     const QPointer<frmDocNew> window = new frmDocNew(this);
     window->ShowInfo(m_tag);

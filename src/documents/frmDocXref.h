@@ -32,7 +32,6 @@ protected:
     QString sortedSource(const QString& column) const override;
     QString deleteQuestion() const override;
     void beforeUpdate(bool& cancel) override;
-    void afterUpdate(bool& failed) override;
     void checkRecord(bool& save) override;
 
 private:

@@ -99,9 +99,6 @@ void frmDocXref::beforeUpdate(bool& cancel)
     }
 }
 
-/// Why a row was refused is told by the grid.
-void frmDocXref::afterUpdate(bool& /*failed*/) {}
-
 /// Without a document the tie would be stored, and be seen nowhere.
 void frmDocXref::checkRecord(bool& save)
 {

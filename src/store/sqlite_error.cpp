@@ -4,6 +4,8 @@
 // What SQLite's result codes and messages mean as the engine's error numbers.
 #include "store/connection.h"
 
+#include <QRegularExpression>
+
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -70,6 +72,24 @@ Error statementError(const QString& message, std::optional<sql::Verb> verb)
     return {syntaxError(verb), u"The statement is not understood: %1."_s.arg(message)};
 }
 
+/// The rules on the length of a field are named by their condition, all others by what they ask
+/// for.
+Error ruleError(const QString& rule)
+{
+    static const QRegularExpression length(uR"re(^length\("?([^"]+)"?\)\s*(<=|>)\s*(\d+)$)re"_s);
+    const QRegularExpressionMatch found = length.match(rule);
+    if (!found.hasMatch())
+        return {errors::valueRefused, u"The value is refused by the rule %1."_s.arg(rule)};
+    const QString field = found.captured(1);
+    if (found.captured(2) == ">"_L1) {
+        return {errors::zeroLengthNotAllowed,
+                u"The field %1 cannot hold an empty text."_s.arg(field)};
+    }
+    return {errors::valueTooLong,
+            u"The value is too long for the field %1, which holds %2 characters."_s.arg(
+                field, found.captured(3))};
+}
+
 Error constraintError(int code, const QString& message, std::optional<sql::Verb> verb)
 {
     const QString what = afterColon(message);
@@ -95,13 +115,7 @@ Error constraintError(int code, const QString& message, std::optional<sql::Verb>
     default:
         break;
     }
-    if (what.contains("<="_L1))
-        return {errors::valueTooLong, u"The value is too long for its field (%1)."_s.arg(what)};
-    if (what.contains("length("_L1)) {
-        return {errors::zeroLengthNotAllowed,
-                u"The field cannot hold an empty text (%1)."_s.arg(what)};
-    }
-    return {errors::valueRefused, u"The value is refused by the rule %1."_s.arg(what)};
+    return ruleError(what);
 }
 
 struct FileError

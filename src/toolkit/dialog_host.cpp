@@ -3,6 +3,7 @@
 #include "toolkit/dialog_host.h"
 
 #include "toolkit/paths.h"
+#include "toolkit/twips.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -12,6 +13,7 @@
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QUrl>
 
@@ -19,6 +21,10 @@ using namespace Qt::StringLiterals;
 
 namespace ostrand::toolkit {
 namespace {
+
+// Twips.
+constexpr int inputWidth = 4500;
+constexpr int titleButtonsWidth = 1800;
 
 QWidget* owner()
 {
@@ -105,12 +111,19 @@ Answer DialogHost::messageBox(const Box& box)
 
 std::optional<QString> DialogHost::inputBox(const QString& prompt, const QString& title)
 {
-    bool accepted = false;
-    const QString text =
-        QInputDialog::getText(owner(), title, prompt, QLineEdit::Normal, QString(), &accepted);
-    if (!accepted)
+    QInputDialog dialog(owner());
+    dialog.setObjectName(u"inputBox"_s);
+    dialog.setWindowTitle(title);
+    dialog.setLabelText(prompt);
+    // Makes the line, too.
+    dialog.setTextValue(QString());
+    // The dialog is as wide as its parts need, and does not count its title among them.
+    dialog.findChild<QLineEdit*>()->setMinimumWidth(
+        std::max(px(inputWidth, &dialog),
+                 dialog.fontMetrics().horizontalAdvance(title) + px(titleButtonsWidth, &dialog)));
+    if (dialog.exec() != QDialog::Accepted)
         return std::nullopt;
-    return text;
+    return dialog.textValue();
 }
 
 std::optional<QString> DialogHost::fileDialog(const FileRequest& request)

@@ -137,13 +137,13 @@ void GridWindow::reject()
     }
 }
 
+/// A row that cannot be written keeps the window open: what was typed is not to get lost unseen.
 void GridWindow::closeEvent(QCloseEvent* event)
 {
-    event->setAccepted(mayClose());
+    event->setAccepted(settleRow());
 }
 
-/// A row that cannot be written keeps the window open: what was typed is not to get lost unseen.
-bool GridWindow::mayClose()
+bool GridWindow::settleRow()
 {
     try {
         return m_grid->writeRow();
@@ -199,6 +199,8 @@ bool GridWindow::isAdding() const
 
 bool GridWindow::hasRecord() const
 {
+    if (!m_records->isOpen())
+        return false;
     const store::Recordset& rows = m_records->Recordset();
     return !rows.Eof() && !rows.Bof() && m_grid->currentIndex().row() == rows.AbsolutePosition();
 }

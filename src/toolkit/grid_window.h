@@ -79,6 +79,8 @@ protected:
     void showWindow();
     /// Writes the row under edit. Tells its failure, also that no row is under edit.
     void saveRecord();
+    /// Writes the row under edit, if any. False where it is refused, which was told then.
+    bool settleRow();
     /// Asks, and deletes the record in hand, or drops the row that is being added.
     void deleteRecord();
 
@@ -116,7 +118,6 @@ private:
     validate(DataControl::Action action, bool& save, const std::optional<store::Error>& pending);
     bool clearIfEmpty(int column);
     void removeRecord();
-    bool mayClose();
 
     Design m_design;
     DataGrid* m_grid;

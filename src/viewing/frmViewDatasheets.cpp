@@ -14,6 +14,7 @@
 #include "toolkit/twips.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QPointer>
@@ -53,6 +54,7 @@ void frmViewDatasheets::build()
     m_Label1->setBuddy(m_lstFromItems);
     m_lstFromItems->setAccessibleName(tr("Tags"));
     m_lstFromItems->setUniformItemSizes(true);
+    m_lstFromItems->installEventFilter(this);
     m_cmdView->setDefault(true);
 
     auto* buttons = new QHBoxLayout;
@@ -78,6 +80,36 @@ void frmViewDatasheets::connectControls()
     connect(m_cmdHelp, &QPushButton::clicked, this, [this] {
         app::ShowHelpTopic(this, app::helpTopicManual(), true);
     });
+}
+
+bool frmViewDatasheets::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::KeyPress && selectByKey(static_cast<QKeyEvent*>(event)->key()))
+        return true;
+    return QDialog::eventFilter(watched, event);
+}
+
+/// The list has a current entry from the moment that it has the focus, though none is selected yet:
+/// the first key that moves would leave that one out.
+bool frmViewDatasheets::selectByKey(int key)
+{
+    if (m_lstFromItems->count() == 0 || !m_lstFromItems->selectedItems().isEmpty())
+        return false;
+    switch (key) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        m_lstFromItems->setCurrentRow(0, QItemSelectionModel::ClearAndSelect);
+        return true;
+    case Qt::Key_End:
+        m_lstFromItems->setCurrentRow(m_lstFromItems->count() - 1,
+                                      QItemSelectionModel::ClearAndSelect);
+        return true;
+    default:
+        return false;
+    }
 }
 
 void frmViewDatasheets::ShowInfo(const QString& docNo)

@@ -25,9 +25,12 @@ public:
     /// Opens the selected tag's datasheet, and closes the window.
     void OpenDatasheet();
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void build();
     void connectControls();
+    bool selectByKey(int key);
 
     QLabel* m_Label1;
     QListWidget* m_lstFromItems;

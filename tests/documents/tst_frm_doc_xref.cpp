@@ -9,6 +9,7 @@
 
 #include <QAccessible>
 #include <QHeaderView>
+#include <QLineEdit>
 
 using namespace Qt::StringLiterals;
 using namespace ostrand;
@@ -52,7 +53,7 @@ private Q_SLOTS:
     void aRowWithoutADocumentIsRefusedAndStays();
     void aRowWhoseDocumentIsEmptiedKeepsItsTie();
     void anUnknownDocumentIsToldInTheEnginesWords();
-    void anExactRepetitionIsToldInTheEnginesWords();
+    void aRepeatedTieIsRefused();
     void savingRenewsTheContext();
     void leavingARowKeepsItsContext();
     void aChangedKindBecomesTheContext();
@@ -80,6 +81,8 @@ private Q_SLOTS:
     void viewingADatasheetOfATagWithoutOneDoesNothing();
     void aDatasheetThatCannotBeOpenedIsTold();
 
+    void creatingADocumentWritesTheRowUnderEditFirst();
+    void aRowThatCannotBeWrittenKeepsANewDocumentFromBeingMade();
     void aRowThatCannotBeWrittenKeepsTheWindowOpen();
     void everyCommandHasItsKey();
 
@@ -280,9 +283,8 @@ void TestFrmDocXref::aProjectThatCannotBeReadIsTold()
     open([this](Desk& desk) {
         desk.expectFailure(u"Error while loading file handler form. \r\nError : 3024. "_s);
         desk.press(u"cmdView"_s);
-        desk.expectFailure(u"Error while viewing document. \r\nError : 91. "_s);
         desk.press(u"cmdDeleteRef"_s);
-        desk.expectFailure(u"Error while deleting document cross reference.\r\n91 : "_s);
+        QCOMPARE(m->texts(), QStringList());
         app::g_strIndexFile = m_project;
     });
 }
@@ -299,6 +301,10 @@ void TestFrmDocXref::aTagWithAnApostropheIsTold()
         QVERIFY2(told.startsWith(u"Error while loading file handler form. \r\nError : 3075. "_s),
                  qPrintable(told));
         QCOMPARE(desk.window.windowTitle(), u"Document Managment for Tag A'1"_s);
+        QCOMPARE(desk.grid().Columns(xref::docType).Caption(), u"Document Type"_s);
+        desk.press(u"cmdView"_s);
+        desk.press(u"cmdDeleteRef"_s);
+        QCOMPARE(desk.texts(), QStringList());
     });
 }
 
@@ -512,14 +518,18 @@ void TestFrmDocXref::anUnknownDocumentIsToldInTheEnginesWords()
     });
 }
 
-void TestFrmDocXref::anExactRepetitionIsToldInTheEnginesWords()
+void TestFrmDocXref::aRepeatedTieIsRefused()
 {
     open([&](Desk& desk) {
         desk.goToNewRow(xref::docNo);
         desk.type(u"D-1"_s);
         desk.press(u"cmdSave"_s);
-        desk.expectFailure(u"The change was not made: another record has the same key"_s);
-        desk.grid().cancelRow();
+        QCOMPARE(m->texts(),
+                 QStringList{u"This document is tied to the tag already\r\n"_s
+                             u"or press escape to cancel"_s});
+        QVERIFY(desk.grid().rowPending());
+        desk.key(Qt::Key_Escape);
+        QVERIFY(!desk.grid().rowPending());
     });
     QCOMPARE(ties(), QStringList({u"D-1/PID"_s, u"D-2/PID"_s}));
 }
@@ -806,6 +816,9 @@ void TestFrmDocXref::viewingPassesTheFolderAndTheNameOn()
         desk.goToRow(1);
         desk.press(u"cmdView"_s);
         QCOMPARE(m->texts(), QStringList{u"File path or file name is missing!"_s});
+        viewing::g_objViewer.reset();
+        desk.press(u"cmdView"_s);
+        desk.expectFailure(u"Error while viewing document. \r\nError : 91. "_s);
     });
 }
 
@@ -851,6 +864,50 @@ void TestFrmDocXref::aDatasheetThatCannotBeOpenedIsTold()
         datasheets::g_objXlHndlr.reset();
         windowOf(desk).OpenDatasheet();
         desk.expectFailure(u"Error while loading datasheet. \r\nError : 91. "_s);
+    });
+}
+
+// ---- creating a document
+
+void TestFrmDocXref::creatingADocumentWritesTheRowUnderEditFirst()
+{
+    open([&](Desk& desk) {
+        desk.goToRow(0, xref::title);
+        desk.type(u"Inlet"_s);
+        tests::inModal<documents::frmDocNew>(
+            [&] { desk.press(u"cmdReference"_s); },
+            [&](documents::frmDocNew& window) {
+                QCOMPARE(stored(u"D-1"_s, u"Title"_s), u"Inlet"_s);
+                window.findChild<QLineEdit*>(u"txtDocNo"_s)->setText(u"N-1"_s);
+                QTest::mouseClick(window.findChild<QPushButton*>(u"cmdSave"_s), Qt::LeftButton);
+                QVERIFY(!window.isVisible());
+            });
+        QCOMPARE(desk.shownColumn(xref::docNo), QStringList({u"D-1"_s, u"D-2"_s, u"N-1"_s}));
+    });
+    QCOMPARE(m->texts(), QStringList());
+}
+
+void TestFrmDocXref::aRowThatCannotBeWrittenKeepsANewDocumentFromBeingMade()
+{
+    open([&](Desk& desk) {
+        desk.goToNewRow(xref::docNo);
+        desk.type(u"X-1"_s);
+        bool opened = false;
+        QTimer look;
+        connect(&look, &QTimer::timeout, this, [&] {
+            if (auto* window = desk.window.findChild<documents::frmDocNew*>()) {
+                opened = true;
+                window->reject();
+            }
+        });
+        look.start(0);
+        desk.press(u"cmdReference"_s);
+        look.stop();
+        QVERIFY(!opened);
+        desk.expectFailure(u"The record cannot be added or changed"_s);
+        QVERIFY(desk.grid().rowPending());
+        QCOMPARE(desk.cell(xref::docNo), u"X-1"_s);
+        desk.grid().cancelRow();
     });
 }
 

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void aNewRowWithADeletedRowsKeyTakesItsPlaceAway();
     void aPendingNewRowCannotBeDeleted();
     void refusalsHaveTheirNumbers();
+    void refusedTextsAreToldByTheirField();
     void cancellingDropsTheEdit();
     void movingDropsTheEdit();
     void deletingLeavesNoCurrentRowUntilTheNextMove();
@@ -291,6 +292,30 @@ void TestRecordset::aPendingNewRowCannotBeDeleted()
     QVERIFY(rows->editMode() == EditMode::Add);
     rows->CancelUpdate();
     QCOMPARE(rows->knownRows(), 2);
+}
+
+void TestRecordset::refusedTextsAreToldByTheirField()
+{
+    const auto rows = open(1);
+    m_file->run("CREATE TABLE paper2 (docNo TEXT COLLATE JET CHECK (length(\"docNo\") <= 5)"
+                " CHECK (length(docNo) > 0), \"Gr\u00F6\u00DFe\" TEXT"
+                " CHECK (length(\"Gr\u00F6\u00DFe\") <= 3), flag INT"
+                " CONSTRAINT \"True or False\" CHECK (flag IN (0, -1))) STRICT");
+    const Database database = m_file->open();
+    const auto told = [&](const QString& field, const QString& value) {
+        try {
+            database.Execute(u"insert into paper2 ([%1]) values (%2)"_s.arg(field, value));
+        } catch (const Error& error) {
+            return error.description();
+        }
+        return QString();
+    };
+    QCOMPARE(told(u"docNo"_s, u"'123456'"_s),
+             u"The value is too long for the field docNo, which holds 5 characters."_s);
+    QCOMPARE(told(u"Gr\u00F6\u00DFe"_s, u"'1234'"_s),
+             u"The value is too long for the field Gr\u00F6\u00DFe, which holds 3 characters."_s);
+    QCOMPARE(told(u"docNo"_s, u"''"_s), u"The field docNo cannot hold an empty text."_s);
+    QCOMPARE(told(u"flag"_s, u"1"_s), u"The value is refused by the rule True or False."_s);
 }
 
 void TestRecordset::refusalsHaveTheirNumbers()

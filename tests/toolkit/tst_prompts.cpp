@@ -12,9 +12,12 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFontMetrics>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTemporaryFile>
 #include <QTest>
@@ -86,6 +89,8 @@ private Q_SLOTS:
     void anInputBoxGivesTheTextTyped();
     void aCancelledInputBoxGivesNothing();
     void anEmptyInputIsNotACancelledOne();
+    void anInputBoxShowsItsTitleAndPromptWhole_data();
+    void anInputBoxShowsItsTitleAndPromptWhole();
 
     void theOpenDialogIsSetUpAsAsked();
     void theSaveDialogIsSetUpAsAsked();
@@ -238,6 +243,44 @@ void TestPrompts::anEmptyInputIsNotACancelledOne()
         QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
     });
     QCOMPARE(promptHost().inputBox(u"x"_s, u"y"_s).value_or(u"-"_s), QString());
+}
+
+void TestPrompts::anInputBoxShowsItsTitleAndPromptWhole_data()
+{
+    QTest::addColumn<double>("scale");
+    QTest::newRow("100 %") << 1.0;
+    QTest::newRow("150 %") << 1.5;
+}
+
+void TestPrompts::anInputBoxShowsItsTitleAndPromptWhole()
+{
+    QFETCH(const double, scale);
+    const QFont before = QApplication::font();
+    const auto restore = qScopeGuard([&] { QApplication::setFont(before); });
+    QFont font = before;
+    font.setPointSizeF(before.pointSizeF() * scale);
+    QApplication::setFont(font);
+    const QFontMetrics metrics(font);
+    int seen = 0;
+    const auto expectRoom = [&](const QString& prompt, const QString& title) {
+        whenOpen<QInputDialog>([&](QInputDialog& dialog) {
+            ++seen;
+            dialog.resize(dialog.minimumSize());
+            const int buttons = 3 * metrics.height();
+            const int needed = metrics.horizontalAdvance(title) + buttons;
+            QVERIFY2(dialog.width() >= needed, qPrintable(QString::number(dialog.width())));
+            QVERIFY(dialog.findChild<QLineEdit*>()->width() >= 20 * metrics.averageCharWidth());
+            const auto* label = dialog.findChild<QLabel*>();
+            QVERIFY(label->width() >= metrics.horizontalAdvance(prompt));
+            QVERIFY(label->height() >= metrics.height());
+        });
+        promptHost().inputBox(prompt, title);
+    };
+    expectRoom(u"Name:"_s, u"Network address"_s);
+    expectRoom(u"Name:"_s, u"A title that is much longer than what is asked for below it"_s);
+    expectRoom(u"A prompt that is much longer than the title of the box which it is asked in"_s,
+               u"x"_s);
+    QCOMPARE(seen, 3);
 }
 
 void TestPrompts::theOpenDialogIsSetUpAsAsked()

@@ -29,6 +29,9 @@ private Q_SLOTS:
     void viewOpensTheSelectedTagsDatasheet();
     void aDoubleClickOpens();
     void enterOpens();
+    void theFirstKeySelectsAnEntry_data();
+    void theFirstKeySelectsAnEntry();
+    void theOnlyTagOpensByTheKeyboard();
     void withNothingSelectedNothingHappens();
     void aTagWithoutBothFieldsOpensNothing();
     void aTagThatIsGoneOpensNothing();
@@ -161,6 +164,55 @@ void TestFrmViewDatasheets::aDoubleClickOpens()
 void TestFrmViewDatasheets::enterOpens()
 {
     openFirst([this] { QTest::keyClick(&list(), Qt::Key_Return); });
+}
+
+void TestFrmViewDatasheets::theFirstKeySelectsAnEntry_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("afterDown");
+    QTest::newRow("Down") << int(Qt::Key_Down) << u"PT-1"_s << u"PT-2"_s;
+    QTest::newRow("Up") << int(Qt::Key_Up) << u"PT-1"_s << u"PT-2"_s;
+    QTest::newRow("Home") << int(Qt::Key_Home) << u"PT-1"_s << u"PT-2"_s;
+    QTest::newRow("PageUp") << int(Qt::Key_PageUp) << u"PT-1"_s << u"PT-2"_s;
+    QTest::newRow("PageDown") << int(Qt::Key_PageDown) << u"PT-1"_s << u"PT-2"_s;
+    QTest::newRow("End") << int(Qt::Key_End) << u"PT-2"_s << u"PT-2"_s;
+}
+
+void TestFrmViewDatasheets::theFirstKeySelectsAnEntry()
+{
+    QFETCH(const int, key);
+    QFETCH(const QString, first);
+    QFETCH(const QString, afterDown);
+    show([&] {
+        const auto selected = [this] {
+            QStringList texts;
+            for (const QListWidgetItem* item : list().selectedItems())
+                texts << item->text();
+            return texts;
+        };
+        QCOMPARE(selected(), QStringList());
+        QTest::keyClick(&list(), static_cast<Qt::Key>(key));
+        QCOMPARE(selected(), QStringList{first});
+        QTest::keyClick(&list(), Qt::Key_Down);
+        QCOMPARE(selected(), QStringList{afterDown});
+    });
+}
+
+void TestFrmViewDatasheets::theOnlyTagOpensByTheKeyboard()
+{
+    ProgramFixture::execute(m_desk->project(),
+                            u"update qryIndex set DatasheetFileName = null where Tag = 'PT-2'"_s);
+    show([this] {
+        QCOMPARE(tags(), QStringList{u"PT-1"_s});
+        QTest::keyClick(&list(), Qt::Key_Return);
+        QVERIFY(m_window->isVisible());
+        QTest::keyClick(&list(), Qt::Key_Down);
+        QTest::keyClick(&list(), Qt::Key_Return);
+        QVERIFY(!m_window->isVisible());
+    });
+    QCOMPARE(datasheets::g_objXlHndlr->filename(), u"PT-1.xls"_s);
+    QCOMPARE(texts(), QStringList());
 }
 
 void TestFrmViewDatasheets::withNothingSelectedNothingHappens()
