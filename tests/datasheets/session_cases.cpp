@@ -111,7 +111,7 @@ void SessionCases::aMissingTemplateIsToldAndMakesNoFile()
 
 void SessionCases::aTemplateThatIsNoWorkbookIsTold()
 {
-    program().file(u"templates/BAD.xlt"_s, QByteArray("PK\x03\x04 no workbook", 18));
+    program().file(u"templates/BAD.xlt"_s, QByteArray("PK\x03\x04 no workbook"));
     QVERIFY(!xlHndlr().CkTemplateExists(u"BAD.xlt"_s));
     QVERIFY(program().prompts.boxes.at(0).icon == toolkit::BoxIcon::Exclamation);
     seeOne(u"Error while checking for template existance. BAD.xlt."_s);

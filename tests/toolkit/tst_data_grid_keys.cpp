@@ -318,7 +318,7 @@ private Q_SLOTS:
         QCOMPARE(selected(), u"4"_s);
         QCOMPARE(f.row(), 3);
         f.clickRowHeader(1, Qt::ControlModifier);
-        QCOMPARE(selected(), u"24"_s);
+        QCOMPARE(selected(), u"42"_s); // in the order of the clicks
         f.clickRowHeader(3, Qt::ControlModifier);
         QCOMPARE(selected(), u"2"_s);
         f.clickRowHeader(0);

@@ -321,7 +321,7 @@ void TestDesktopAssociation::oddFilesAmongTheEntriesDoNoHarm()
     m_desktop->list(folder + u"empty.desktop"_s, "");
     m_desktop->list(folder + u"link.desktop"_s,
                     "[Desktop Entry]\nType=Link\nURL=x\nMimeType=application/x-ostrand-sheet;\n");
-    m_desktop->list(folder + u"bytes.desktop"_s, QByteArray("\x00\xff\xfe[\n=\n[]\n=x\n", 15));
+    m_desktop->list(folder + u"bytes.desktop"_s, QByteArray("\x00\xff\xfe[\n=\n[]\n=x\n", 13));
     m_desktop->list(folder + u"note.txt"_s,
                     "[Desktop Entry]\nType=Application\nExec=/bin/true\n"
                     "MimeType=application/x-ostrand-sheet;\n");
