@@ -46,8 +46,8 @@ void makeDatasheets(index::frmIndex& window)
         if (!datasheets::xlHndlr().CopySprSht(QString::fromUtf16(sheet.templateName),
                                               toolkit::joinPath(folder, name)))
             qFatal("no datasheet could be made for %s", qPrintable(tag));
-        project.Execute(u"update [index] set DatasheetPath = '"_s + folder
-                        + u"', DatasheetFileName = '"_s + name + u"' where PlantItemNo = '"_s + tag
+        project.Execute(u"Update qryIndex set DatasheetPath = '"_s + folder
+                        + u"', DataSheetFileName = '"_s + name + u"' where tag = '"_s + tag
                         + u"'"_s);
     }
     window.dbIndex().Refresh();
