@@ -6,8 +6,8 @@
 #include "app/state.h"
 #include "datasheets/failure.h"
 #include "pid/connection.h"
+#include "pid/repaint.h"
 #include "spreadsheet/host.h"
-#include "spreadsheet/input_barrier.h"
 #include "store/recordset.h"
 #include "toolkit/busy_pointer.h"
 #include "toolkit/data_control.h"
@@ -32,13 +32,6 @@ struct RunEnds
 {
     QString line;
 };
-
-/// Paints what waits to be painted; input is dropped.
-void repaint()
-{
-    const spreadsheet::InputBarrier barrier;
-    QCoreApplication::processEvents();
-}
 
 bool holdsFile(const QString& folder)
 {

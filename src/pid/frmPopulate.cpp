@@ -9,12 +9,12 @@
 #include "pid/frmDuplicate.h"
 #include "pid/populate_model.h"
 #include "pid/populate_report.h"
+#include "pid/repaint.h"
 #include "toolkit/busy_pointer.h"
 #include "toolkit/named.h"
 #include "toolkit/prompts.h"
 #include "toolkit/twips.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QHBoxLayout>
 #include <QListView>
@@ -67,7 +67,7 @@ void tellInPassing(const QString& words)
         app::g_frmIndex->setPanelText(1, QString(words).replace(u"\r\n"_s, u" "_s));
 }
 
-/// Lets windows be painted in a long run. What the user types or clicks meanwhile waits.
+/// Lets windows be painted in a long run.
 class Painting
 {
 public:
@@ -76,7 +76,7 @@ public:
     {
         if (m_since.elapsed() < msBetweenPaints)
             return;
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        repaint();
         m_since.restart();
     }
 
@@ -205,6 +205,7 @@ std::optional<QString> frmPopulate::tryInsert()
 void frmPopulate::insertChosen()
 {
     const auto failure = tryInsert();
+    repaint();
     if (failure)
         toolkit::showFailure(*failure);
     app::mainWindow().OpenIndex(app::g_strIndexFile);

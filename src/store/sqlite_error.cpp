@@ -3,6 +3,7 @@
 //
 // What SQLite's result codes and messages mean as the engine's error numbers.
 #include "store/connection.h"
+#include "store/sql/syntax_number.h"
 
 #include <QRegularExpression>
 
@@ -12,23 +13,6 @@ using namespace Qt::StringLiterals;
 
 namespace ostrand::store {
 namespace {
-
-int syntaxError(std::optional<sql::Verb> verb)
-{
-    if (!verb)
-        return errors::invalidExpression;
-    switch (*verb) {
-    case sql::Verb::Select:
-        return errors::syntaxInSelect;
-    case sql::Verb::Insert:
-        return errors::syntaxInInsert;
-    case sql::Verb::Update:
-        return errors::syntaxInUpdate;
-    case sql::Verb::Delete:
-        break;
-    }
-    return errors::invalidExpression;
-}
 
 QString afterColon(const QString& message)
 {
@@ -69,7 +53,8 @@ Error statementError(const QString& message, std::optional<sql::Verb> verb)
     if (message.startsWith("cannot modify"_L1)) {
         return {errors::queryNotUpdatable, u"The query's rows cannot be changed."_s};
     }
-    return {syntaxError(verb), u"The statement is not understood: %1."_s.arg(message)};
+    return {verb ? sql::syntaxNumber(*verb) : errors::invalidExpression,
+            u"The statement is not understood: %1."_s.arg(message)};
 }
 
 /// The rules on the length of a field are named by their condition, all others by what they ask

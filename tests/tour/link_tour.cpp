@@ -13,6 +13,7 @@
 #include "toolkit/paths.h"
 
 #include <QFile>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
 
@@ -56,10 +57,12 @@ void makeDatasheets(index::frmIndex& window)
 /// A picture while the run goes on, one of its closing message, and its log.
 void run(const Camera& camera, index::frmIndex& window, const QString& command)
 {
-    constexpr int untilHalfway = 700;
     const QString name = command.toLower();
-    QTimer::singleShot(untilHalfway, &window, [&camera, &window, name] {
-        camera.take(name + u"-running"_s, &window);
+    auto* progress = window.findChild<QProgressBar*>(u"Progress"_s);
+    QObject halfway; // ends the watch with the run
+    QObject::connect(progress, &QProgressBar::valueChanged, &halfway, [&](int value) {
+        if (value == static_cast<int>(sheets.size()) / 2)
+            QTimer::singleShot(0, &halfway, [&] { camera.take(name + u"-running"_s, &window); });
     });
     camera.takeModal(name + u"-done"_s, [&window, &command] {
         window.findChild<QPushButton*>(u"cmd"_s + command)->click();

@@ -3,6 +3,7 @@
 #include "store/odbc/diagnosis.h"
 
 #include "store/odbc/handles.h"
+#include "store/sql/syntax_number.h"
 
 #include <QStringList>
 
@@ -69,21 +70,6 @@ bool isSyntaxError(const Diagnosis& diagnosis)
     return states.contains(diagnosis.state) || (diagnosis.state == "HY000"_L1 && saysSo);
 }
 
-int syntaxNumber(sql::Verb verb)
-{
-    switch (verb) {
-    case sql::Verb::Select:
-        return errors::syntaxInSelect;
-    case sql::Verb::Insert:
-        return errors::syntaxInInsert;
-    case sql::Verb::Update:
-        return errors::syntaxInUpdate;
-    case sql::Verb::Delete:
-        break;
-    }
-    return errors::invalidExpression;
-}
-
 int numberOf(const Diagnosis& diagnosis, std::optional<sql::Verb> verb)
 {
     for (const StateNumber& entry : stateNumbers) {
@@ -97,7 +83,7 @@ int numberOf(const Diagnosis& diagnosis, std::optional<sql::Verb> verb)
         }
     }
     if (verb && isSyntaxError(diagnosis))
-        return syntaxNumber(*verb);
+        return sql::syntaxNumber(*verb);
     return errors::odbcCallFailed;
 }
 

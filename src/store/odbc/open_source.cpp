@@ -25,10 +25,7 @@ public:
     {
     }
 
-    Meaning fieldMeaning(int index) override
-    {
-        return m_meanings[static_cast<std::size_t>(index)];
-    }
+    Meaning fieldMeaning(int index) override { return m_meanings[static_cast<std::size_t>(index)]; }
 
 private:
     std::vector<Row> readRows() override { return std::move(m_rows); }

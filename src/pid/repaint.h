@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "spreadsheet/input_barrier.h"
+
+#include <QCoreApplication>
+
+namespace ostrand::pid {
+
+/// Paints what waits to be painted in the middle of a long run; input is dropped.
+inline void repaint()
+{
+    const spreadsheet::InputBarrier barrier;
+    QCoreApplication::processEvents();
+}
+
+} // namespace ostrand::pid
