@@ -128,6 +128,7 @@ void TagEditing::beforeUpdate()
 {
     m_moved.reset();
     try {
+        clearEmptiedDatasheet();
         const store::Recordset& tags = m_dbIndex.Recordset();
         const bool isNew = tags.editMode() == EditMode::Add;
         const bool isRenamed = !isNew && tags.Field(fieldTag).text() != tagCell();
@@ -136,6 +137,17 @@ void TagEditing::beforeUpdate()
         updateTiedData();
     } catch (const Error& error) {
         toolkit::showFailure(toolkit::formA(tr("Error while working in spreadsheet. "), error));
+    }
+}
+
+/// Without its folder and file name a tag has no datasheet, and the next command makes one. An
+/// empty text would still count as a place.
+void TagEditing::clearEmptiedDatasheet()
+{
+    for (const int number : {column::datasheetPath, column::datasheetFileName}) {
+        toolkit::DataGrid::Column cell = m_grid.Columns(number);
+        if (const store::Value value = cell.Value(); !value.isNull() && value.isNullOrEmpty())
+            cell.setValue({});
     }
 }
 

@@ -57,6 +57,7 @@ private:
     void moveDatasheetFileBack();
     void dropNewTag();
     void updateTiedData();
+    void clearEmptiedDatasheet();
     bool tagCellIsEmpty();
     QString tagCell();
 

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void renamingWithAMissingFileClearsTheDatasheetFields();
     void renamingOntoAnExistingFileNameIsToldAndGoesOn();
     void renamingATagWithoutDatasheetTouchesNoFile();
+    void emptyingTheDatasheetCellsLeavesTheTagWithoutDatasheet();
     void anApostropheFailsTheDuplicateCheckAndIsStored();
     void aTagThatIsTooLongIsReportedLikeADuplicate();
     void aRecordDeletedByAnotherProgramIsTold();
@@ -306,6 +307,24 @@ void TestTagEditing::renamingATagWithoutDatasheetTouchesNoFile()
     QCOMPARE(m_index->texts(), QStringList());
     QCOMPARE(m_index->stored(u"FT-109"_s, u"Tag"_s), u"FT-109"_s);
     QCOMPARE(m_index->stored(u"FT-101"_s, u"Tag"_s), u"(none)"_s);
+}
+
+void TestTagEditing::emptyingTheDatasheetCellsLeavesTheTagWithoutDatasheet()
+{
+    tests::ProgramFixture::execute(m_index->project,
+                                   u"update [index] set TagPath = 'D:\\old', "_s
+                                   u"TagFileName = 'FT-102.xls' where PlantItemNo = 'FT-102'"_s);
+    m_index->open(m_index->project);
+    m_index->goTo(u"FT-102"_s);
+    for (const int number : {column::datasheetPath, column::datasheetFileName})
+        m_index->cell(number).setValue(QString());
+    m_index->press(u"cmdSave"_s);
+    QCOMPARE(m_index->texts(), QStringList());
+    QCOMPARE(
+        tests::ProgramFixture::value(m_index->project,
+                                     u"select count(*) from [index] where PlantItemNo = 'FT-102' "_s
+                                     u"and TagPath is null and TagFileName is null"_s),
+        u"1"_s);
 }
 
 void TestTagEditing::anApostropheFailsTheDuplicateCheckAndIsStored()
