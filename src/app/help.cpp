@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/help.h"
 
+#include "app/help_desk.h"
 #include "app/program.h"
 #include "toolkit/file_system.h"
 #include "toolkit/paths.h"
@@ -13,15 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace ostrand::app {
-namespace {
-
-/// Shows a page of a help file; false when it cannot be shown. No viewer is built in yet.
-bool showHelpPage(QWidget* /*owner*/, const QString& /*file*/, const QString& /*page*/)
-{
-    return false;
-}
-
-} // namespace
 
 QString helpTopicManual()
 {
@@ -32,8 +24,15 @@ void ShowHelpTopic(QWidget* owner, const QString& topic, bool blnManual)
 {
     const QString name = blnManual ? u"OstrandDatasheets.chm"_s : u"OstrandErrors.chm"_s;
     const QString file = toolkit::joinPath(installationFolder(), name);
-    if (showHelpPage(owner, file, topic + u".htm"_s))
-        return;
+    const QString title = blnManual
+                              ? QCoreApplication::translate("help", "Ostrand Datasheets Help")
+                              : QCoreApplication::translate("help", "Ostrand Datasheets Errors");
+    if (!HelpDesk::of(owner).show(file, topic + u".htm"_s, title))
+        tellMissingHelp();
+}
+
+void tellMissingHelp()
+{
     toolkit::showFailure(
         QCoreApplication::translate("help", "Unable to launch HTML Help,") + u"\r\n"_s
         + QCoreApplication::translate("help", "or the topic you requested does not exist"));

@@ -15,6 +15,9 @@ QString helpTopicManual();
 /// the page a message tells so.
 void ShowHelpTopic(QWidget* owner, const QString& topic, bool blnManual);
 
+/// The message for a help file or a page that cannot be shown.
+void tellMissingHelp();
+
 /// Starts the update program, or tells that there is none and opens the download page.
 void LaunchAutoUpdate();
 

@@ -3,6 +3,7 @@
 #include "documents/window_desk.h"
 #include "index/frmIndexRev.h"
 #include "support/full_disk.h"
+#include "support/help_windows.h"
 
 #include <QAccessible>
 #include <QHeaderView>
@@ -575,7 +576,10 @@ void TestFrmIndexRev::everyCommandHasItsKey()
         desk.expectQuestion(u"Are you sure you want to delete revision A?"_s);
         desk.pressByKey(u"cmdRefresh"_s);
         desk.pressByKey(u"cmdHelp"_s);
-        m->texts();
+        QCOMPARE(tests::helpWindows().size(), 1);
+        tests::helpWindows().first()->close();
+        desk.window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&desk.window));
         desk.grid().setFocus();
         desk.key(Qt::Key_Tab, Qt::ControlModifier);
         for (const char* name : {"cmdSave", "cmdDelete", "cmdRefresh", "cmdExit", "cmdHelp"}) {
