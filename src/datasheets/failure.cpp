@@ -2,8 +2,12 @@
 // SPDX-License-Identifier: MIT
 #include "datasheets/failure.h"
 
+#include "app/main_window.h"
+#include "app/state.h"
 #include "spreadsheet/error.h"
-#include "toolkit/prompts.h"
+#include "toolkit/busy_pointer.h"
+
+#include <QWidget>
 
 namespace ostrand::datasheets {
 
@@ -23,6 +27,13 @@ store::Error currentFailure()
 void showFailure(const QString& text, const QString& title)
 {
     toolkit::promptHost().messageBox({.text = text, .title = title});
+}
+
+toolkit::Answer showOverMainWindow(const toolkit::Box& box)
+{
+    app::mainWindow().window()->activateWindow();
+    const toolkit::PointerShape arrow(Qt::ArrowCursor);
+    return toolkit::promptHost().messageBox(box);
 }
 
 } // namespace ostrand::datasheets

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "store/error.h"
+#include "toolkit/prompts.h"
 
 #include <QString>
 
@@ -20,5 +21,9 @@ store::Error currentFailure();
 
 /// An exclamation box under a title of its own.
 void showFailure(const QString& text, const QString& title);
+
+/// A box in the middle of a long run: the main window gets the focus and the usual pointer, so that
+/// the box does not lie behind windows of the spreadsheet application.
+toolkit::Answer showOverMainWindow(const toolkit::Box& box);
 
 } // namespace ostrand::datasheets

@@ -2,17 +2,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "spreadsheet/input_barrier.h"
-
-#include <QCoreApplication>
+#include "spreadsheet/repaint.h"
 
 namespace ostrand::pid {
 
-/// Paints what waits to be painted in the middle of a long run; input is dropped.
-inline void repaint()
-{
-    const spreadsheet::InputBarrier barrier;
-    QCoreApplication::processEvents();
-}
+using spreadsheet::repaint;
 
 } // namespace ostrand::pid

@@ -8,11 +8,19 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace ostrand::spreadsheet {
 
 class SheetDesign;
+
+/// Points.
+struct Extent
+{
+    double width = 0;
+    double height = 0;
+};
 
 /// A cell, or a block of cells.
 class Range
@@ -30,6 +38,10 @@ public:
     /// Selects the range, and makes it the current cell, on the sheet in front.
     virtual void Select() = 0;
     virtual void Activate() = 0;
+
+    /// The extent of the merged block that the first cell belongs to; nothing where it stands
+    /// alone.
+    virtual std::optional<Extent> MergeArea() const = 0;
 };
 
 /// A check box or a text box that lies on a sheet.
@@ -189,7 +201,8 @@ public:
 
     /// Shows or hides the windows of the workbooks that this link has opened, and of those to come.
     virtual void setVisible(bool visible) = 0;
-    /// Closes its workbooks without saving.
+    /// Closes its workbooks without saving, and ends the application unless another link has a
+    /// workbook open.
     virtual void Quit() = 0;
 };
 

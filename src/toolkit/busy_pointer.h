@@ -7,14 +7,24 @@
 
 namespace ostrand::toolkit {
 
-/// The hourglass, as long as one stands.
-class BusyPointer
+/// The pointer has a shape everywhere, as long as one stands.
+class PointerShape
 {
 public:
-    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
+    explicit PointerShape(Qt::CursorShape shape) { QGuiApplication::setOverrideCursor(shape); }
+    ~PointerShape() { QGuiApplication::restoreOverrideCursor(); }
+    PointerShape(const PointerShape&) = delete;
+    PointerShape& operator=(const PointerShape&) = delete;
+};
+
+/// The hourglass, as long as one stands.
+class BusyPointer : public PointerShape
+{
+public:
+    BusyPointer()
+        : PointerShape(Qt::WaitCursor)
+    {
+    }
 };
 
 } // namespace ostrand::toolkit

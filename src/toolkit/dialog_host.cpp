@@ -58,8 +58,8 @@ QString startOf(const FileRequest& request)
     return preset.isEmpty() ? folder : joinPath(folder, QFileInfo(preset).fileName());
 }
 
-/// A question has no answer but its own: neither Esc nor the window's frame stands for No, which
-/// may well be the answer that loses something.
+/// A question has no answer but its own: without Cancel among them, neither Esc nor the window's
+/// frame stands for one, which may well be the answer that loses something.
 class MessageWindow final : public QMessageBox
 {
 public:
@@ -105,8 +105,17 @@ Answer DialogHost::messageBox(const Box& box)
         return Answer::Ok;
     }
     window.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    if (box.buttons == BoxButtons::YesNoCancel)
+        window.addButton(QMessageBox::Cancel);
     window.setDefaultButton(QMessageBox::Yes);
-    return window.exec() == QMessageBox::Yes ? Answer::Yes : Answer::No;
+    switch (window.exec()) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return Answer::Cancel;
+    }
 }
 
 std::optional<QString> DialogHost::inputBox(const QString& prompt, const QString& title)

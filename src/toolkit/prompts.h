@@ -19,8 +19,8 @@ namespace ostrand::toolkit {
 QString programTitle();
 
 enum class BoxIcon { None, Exclamation, Question, Information };
-enum class BoxButtons { Ok, YesNo };
-enum class Answer { Ok, Yes, No };
+enum class BoxButtons { Ok, YesNo, YesNoCancel };
+enum class Answer { Ok, Yes, No, Cancel };
 
 struct Box
 {

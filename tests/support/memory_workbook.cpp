@@ -4,6 +4,7 @@
 
 #include "spreadsheet/host.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 
@@ -16,6 +17,16 @@ using ostrand::spreadsheet::SaveChanges;
 namespace errors = ostrand::spreadsheet::errors;
 
 namespace ostrand::tests {
+
+namespace {
+
+bool isPicture(const QByteArray& start)
+{
+    return start.startsWith("GIF8") || start.startsWith("BM") || start.startsWith("\x89PNG")
+           || start.startsWith("\xff\xd8");
+}
+
+} // namespace
 
 // ---- the places of a sheet
 
@@ -47,8 +58,9 @@ public:
         m_sheet.changed();
     }
 
-    void Select() override { m_sheet.content(); }
-    void Activate() override { m_sheet.content(); }
+    void Select() override { m_sheet.content().currentCell = m_reference; }
+    void Activate() override { Select(); }
+    std::optional<spreadsheet::Extent> MergeArea() const override { return std::nullopt; }
 
 private:
     MemorySheet& m_sheet;
@@ -71,6 +83,44 @@ public:
 private:
     MemorySheet& m_sheet;
     QString m_name;
+};
+
+/// A picture, by its place among the others; one that is deleted leaves its place empty until the
+/// sheet is asked for its pictures again.
+class MemoryShape final : public spreadsheet::Shape
+{
+public:
+    MemoryShape(MemorySheet& sheet, std::size_t index)
+        : m_sheet(sheet),
+          m_index(index)
+    {
+    }
+
+    QString Name() const override { return picture().name; }
+    void setName(const QString& name) override { picture().name = name; }
+    void Delete() override
+    {
+        m_sheet.requireUnprotected();
+        auto& pictures = m_sheet.content().pictures;
+        pictures.erase(pictures.begin() + static_cast<std::ptrdiff_t>(m_index));
+    }
+    double Left() const override { return picture().left; }
+    double Top() const override { return picture().top; }
+    double Width() const override { return picture().width; }
+    double Height() const override { return picture().height; }
+    void setLeft(double points) override { picture().left = points; }
+    void setTop(double points) override { picture().top = points; }
+    void setSize(double width, double height) override
+    {
+        picture().width = width;
+        picture().height = height;
+    }
+
+private:
+    PictureContent& picture() const { return m_sheet.content().pictures[m_index]; }
+
+    MemorySheet& m_sheet;
+    std::size_t m_index;
 };
 
 // ---- sheets
@@ -153,9 +203,47 @@ void MemorySheet::Activate()
     m_book->m_active = m_index;
 }
 
-std::unique_ptr<spreadsheet::Shape> MemorySheet::InsertPicture(const QString& /*file*/)
+void MemorySheet::Protect()
 {
-    throw Error(errors::applicationError, u"Pictures are not kept in memory"_s);
+    content().isProtected = true;
+}
+
+void MemorySheet::Unprotect()
+{
+    if (!content().password.isEmpty())
+        throw Error(errors::applicationError, u"The password is not correct"_s);
+    content().isProtected = false;
+}
+
+void MemorySheet::requireUnprotected() const
+{
+    if (content().isProtected)
+        throw Error(errors::applicationError, u"The sheet is protected"_s);
+}
+
+std::vector<std::unique_ptr<spreadsheet::Shape>> MemorySheet::Shapes()
+{
+    std::vector<std::unique_ptr<spreadsheet::Shape>> shapes;
+    for (std::size_t i = 0; i < content().pictures.size(); ++i)
+        shapes.push_back(std::make_unique<MemoryShape>(*this, i));
+    return shapes;
+}
+
+std::unique_ptr<spreadsheet::Shape> MemorySheet::InsertPicture(const QString& file)
+{
+    requireUnprotected();
+    const MemoryOffice& office = *m_book->m_application->m_office;
+    if (office.whenInserted)
+        office.whenInserted(file);
+    QFile picture(file);
+    if (!picture.open(QIODevice::ReadOnly) || !isPicture(picture.peek(4)))
+        throw Error(errors::applicationError, u"The picture can't be read"_s);
+    content().pictures.push_back({.name = u"Picture"_s,
+                                  .file = file,
+                                  .anchor = content().currentCell,
+                                  .width = office.pictureSize.width,
+                                  .height = office.pictureSize.height});
+    return std::make_unique<MemoryShape>(*this, content().pictures.size() - 1);
 }
 
 void MemorySheet::addControl(const QString& name, const CellValue& value)
@@ -180,7 +268,8 @@ MemoryWorkbook::MemoryWorkbook(MemoryApplication& application,
                                const QString& path)
     : m_application(&application),
       m_content(std::move(content)),
-      m_path(path)
+      m_path(path),
+      m_active(static_cast<std::size_t>(m_content.active))
 {
     for (std::size_t i = 0; i < m_content.sheets.size(); ++i)
         m_sheets.push_back(std::make_shared<MemorySheet>(*this, i));
@@ -276,6 +365,7 @@ void MemoryWorkbook::setCustomDocumentProperty(const QString& name, const QStrin
 
 void MemoryWorkbook::store(const QString& path)
 {
+    m_content.active = static_cast<int>(m_active);
     writeWorkbook(path, m_content);
     m_modified = false;
 }
@@ -294,9 +384,12 @@ void MemoryWorkbook::Save()
     store(m_path);
 }
 
-void MemoryWorkbook::SaveAs(const QString& path, spreadsheet::FileFormat /*format*/)
+void MemoryWorkbook::SaveAs(const QString& path, spreadsheet::FileFormat format)
 {
     requireAlive();
+    if (const auto watcher = m_application->m_office->whenSaved)
+        watcher(path, m_sheets[m_active]->Name());
+    m_content.isTemplate = format == spreadsheet::FileFormat::Template;
     store(path);
     m_path = path;
 }
@@ -421,6 +514,7 @@ void MemoryApplication::setVisible(bool visible)
 void MemoryApplication::Quit()
 {
     requireAlive();
+    ++m_office->quits;
     for (const auto& each : m_books) {
         if (const auto book = each.lock())
             book->drop();

@@ -35,9 +35,9 @@ public:
     void write(const std::vector<spreadsheet::CellWrite>& cells) override;
     std::unique_ptr<spreadsheet::Control> OLEObjects(const QString& name) override;
     void Activate() override;
-    void Protect() override {}
-    void Unprotect() override {}
-    std::vector<std::unique_ptr<spreadsheet::Shape>> Shapes() override { return {}; }
+    void Protect() override;
+    void Unprotect() override;
+    std::vector<std::unique_ptr<spreadsheet::Shape>> Shapes() override;
     std::unique_ptr<spreadsheet::Shape> InsertPicture(const QString& file) override;
     spreadsheet::SheetDesign& design() override { return *this; }
     void subscribe(std::function<void()> Change) override { m_change = std::move(Change); }
@@ -48,8 +48,10 @@ private:
     friend class MemoryCell;
     friend class MemoryControl;
     friend class MemoryOffice;
+    friend class MemoryShape;
     friend class MemoryWorkbook;
 
+    void requireUnprotected() const;
     void setName(const QString& name) override;
     void setText(const QString& cell, const QString& text) override;
     void setEntries(const QString&,
@@ -189,6 +191,12 @@ public:
     bool isInstalled = true;
     /// The next calls that close a workbook fail with this error.
     std::optional<spreadsheet::Error> closeFailure;
+    /// The size of pictures in their own right.
+    spreadsheet::Extent pictureSize{100, 50};
+    /// Runs before a picture is inserted; it may fail.
+    std::function<void(const QString& file)> whenInserted;
+    /// How many applications were told to quit.
+    int quits = 0;
     /// Runs at every value that the program writes.
     std::function<void()> whenWritten;
     /// Run before a file is read, and before one is saved with a sheet in front; they may fail.

@@ -65,6 +65,36 @@ std::map<QString, CellValue> cellsFrom(const QJsonObject& json)
     return cells;
 }
 
+QJsonArray toJson(const std::vector<PictureContent>& pictures)
+{
+    QJsonArray json;
+    for (const PictureContent& picture : pictures) {
+        json.append(QJsonObject{{u"name"_s, picture.name},
+                                {u"file"_s, picture.file},
+                                {u"anchor"_s, picture.anchor},
+                                {u"left"_s, picture.left},
+                                {u"top"_s, picture.top},
+                                {u"width"_s, picture.width},
+                                {u"height"_s, picture.height}});
+    }
+    return json;
+}
+
+std::vector<PictureContent> picturesFrom(const QJsonArray& json)
+{
+    std::vector<PictureContent> pictures;
+    for (const QJsonValue& each : json) {
+        pictures.push_back({.name = each[u"name"_s].toString(),
+                            .file = each[u"file"_s].toString(),
+                            .anchor = each[u"anchor"_s].toString(),
+                            .left = each[u"left"_s].toDouble(),
+                            .top = each[u"top"_s].toDouble(),
+                            .width = each[u"width"_s].toDouble(),
+                            .height = each[u"height"_s].toDouble()});
+    }
+    return pictures;
+}
+
 } // namespace
 
 std::optional<WorkbookContent> readWorkbook(const QString& path)
@@ -82,8 +112,14 @@ std::optional<WorkbookContent> readWorkbook(const QString& path)
     for (const QJsonValue& each : json[u"sheets"_s].toArray()) {
         content.sheets.push_back({.name = each[u"name"_s].toString(),
                                   .cells = cellsFrom(each[u"cells"_s].toObject()),
-                                  .controls = cellsFrom(each[u"controls"_s].toObject())});
+                                  .controls = cellsFrom(each[u"controls"_s].toObject()),
+                                  .pictures = picturesFrom(each[u"pictures"_s].toArray()),
+                                  .isProtected = each[u"protected"_s].toBool(),
+                                  .password = each[u"password"_s].toString(),
+                                  .currentCell = each[u"current"_s].toString()});
     }
+    content.active = json[u"active"_s].toInt();
+    content.isTemplate = json[u"template"_s].toBool();
     return content;
 }
 
@@ -98,14 +134,20 @@ void writeWorkbook(const QString& path, const WorkbookContent& content)
     for (const SheetContent& sheet : content.sheets) {
         sheets.append(QJsonObject{{u"name"_s, sheet.name},
                                   {u"cells"_s, toJson(sheet.cells)},
-                                  {u"controls"_s, toJson(sheet.controls)}});
+                                  {u"controls"_s, toJson(sheet.controls)},
+                                  {u"pictures"_s, toJson(sheet.pictures)},
+                                  {u"protected"_s, sheet.isProtected},
+                                  {u"password"_s, sheet.password},
+                                  {u"current"_s, sheet.currentCell}});
     }
     QJsonObject properties;
     for (auto each = content.properties.begin(); each != content.properties.end(); ++each)
         properties[each.key()] = *each;
     const QByteArray bytes = QJsonDocument(QJsonObject{{u"kind"_s, fileKind},
                                                        {u"properties"_s, properties},
-                                                       {u"sheets"_s, sheets}})
+                                                       {u"sheets"_s, sheets},
+                                                       {u"active"_s, content.active},
+                                                       {u"template"_s, content.isTemplate}})
                                  .toJson();
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())

@@ -82,6 +82,7 @@ private Q_SLOTS:
     void aQuestionShowsYesAndNo();
     void aQuestionIsAnsweredByItsKeys();
     void aQuestionStaysUntilItIsAnswered();
+    void aQuestionWithCancelHasAThirdAnswer();
     void lineBreaksAndMarkupAreShownAsText();
     void aBoxMayHaveATitleAndNoIcon();
     void aBoxStandsOverTheActiveWindow();
@@ -173,6 +174,23 @@ void TestPrompts::aQuestionStaysUntilItIsAnswered()
     });
     QVERIFY(askYesNo(u"Go on?"_s));
     QVERIFY(stayed);
+}
+
+void TestPrompts::aQuestionWithCancelHasAThirdAnswer()
+{
+    const auto answer = [](const std::function<void(QMessageBox&)>& press) {
+        whenOpen<QMessageBox>(press);
+        return promptHost().messageBox({.text = u"Go on?"_s, .buttons = BoxButtons::YesNoCancel});
+    };
+    const auto pressing = [](QMessageBox::StandardButton button) {
+        return [button](QMessageBox& box) { press(box, button); };
+    };
+    QVERIFY(answer(pressing(QMessageBox::Yes)) == Answer::Yes);
+    QVERIFY(answer(pressing(QMessageBox::No)) == Answer::No);
+    QVERIFY(answer(pressing(QMessageBox::Cancel)) == Answer::Cancel);
+    QVERIFY(answer([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); })
+            == Answer::Cancel);
+    QVERIFY(answer([](QMessageBox& box) { box.close(); }) == Answer::Cancel);
 }
 
 void TestPrompts::lineBreaksAndMarkupAreShownAsText()

@@ -107,6 +107,8 @@ void LoApplication::Quit()
 {
     for (const std::shared_ptr<LoWorkbook>& workbook : workbooks())
         workbook->discard();
+    if (m_office->workbooks() == 0)
+        m_office->end();
 }
 
 } // namespace ostrand::spreadsheet::libreoffice

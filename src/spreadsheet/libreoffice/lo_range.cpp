@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "spreadsheet/libreoffice/lo_range.h"
 
+#include "spreadsheet/libreoffice/measures.h"
 #include "spreadsheet/libreoffice/number_formats.h"
 #include "spreadsheet/libreoffice/properties.h"
 #include "spreadsheet/libreoffice/uno_errors.h"
@@ -9,7 +10,10 @@
 
 #include <QCoreApplication>
 
+#include <com/sun/star/awt/Size.hpp>
 #include <com/sun/star/sheet/FormulaResult.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
+#include <com/sun/star/sheet/XSheetCellCursor.hpp>
 #include <com/sun/star/table/CellContentType.hpp>
 #include <com/sun/star/text/XTextRange.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>
@@ -106,6 +110,27 @@ void LoRange::Select()
 void LoRange::Activate()
 {
     Select();
+}
+
+std::optional<Extent> LoRange::MergeArea() const
+{
+    return guarded([&]() -> std::optional<Extent> {
+        const Reference<css::sheet::XSheetCellRange> first =
+            m_cells.cell.is()
+                ? Reference<css::sheet::XSheetCellRange>(m_cells.cell, UNO_QUERY_THROW)
+                : Reference<css::sheet::XSheetCellRange>(
+                    m_cells.block->getCellRangeByPosition(0, 0, 0, 0), UNO_QUERY_THROW);
+        const Reference<css::sheet::XSheetCellCursor> area =
+            first->getSpreadsheet()->createCursorByRange(first);
+        area->collapseToMergedArea();
+        const css::table::CellRangeAddress place =
+            Reference<css::sheet::XCellRangeAddressable>(area, UNO_QUERY_THROW)->getRangeAddress();
+        if (place.StartColumn == place.EndColumn && place.StartRow == place.EndRow)
+            return std::nullopt;
+        const auto size = property<css::awt::Size>(
+            Reference<css::beans::XPropertySet>(area, UNO_QUERY_THROW), "Size");
+        return Extent{toPoints(size.Width), toPoints(size.Height)};
+    });
 }
 
 } // namespace ostrand::spreadsheet::libreoffice

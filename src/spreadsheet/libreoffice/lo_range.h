@@ -24,6 +24,7 @@ public:
     void setValue(const QString& text) override;
     void Select() override;
     void Activate() override;
+    std::optional<Extent> MergeArea() const override;
 
 private:
     CellValue numberValue() const;

@@ -8,12 +8,9 @@
 #include "spreadsheet/libreoffice/uno_text.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/drawing/XDrawPageSupplier.hpp>
-#include <com/sun/star/graphic/GraphicProvider.hpp>
-#include <com/sun/star/lang/DisposedException.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
 #include <com/sun/star/sheet/XSheetCellRange.hpp>
 
@@ -92,19 +89,6 @@ private:
     Reference<css::drawing::XShape> m_shape;
 };
 
-/// Nothing when the file is no picture that the application knows.
-Reference<css::graphic::XGraphic> readPicture(LoWorksheet& sheet, const QString& file)
-{
-    try {
-        return css::graphic::GraphicProvider::create(sheet.workbook().office().context())
-            ->queryGraphic(arguments({{"URL", Any(fileUrl(file))}}));
-    } catch (const css::lang::DisposedException&) {
-        throw;
-    } catch (const css::uno::Exception&) {
-        return {};
-    }
-}
-
 /// The size that the picture says it has, or else that of its pixels on a screen.
 css::awt::Size sizeOf(const Reference<css::graphic::XGraphic>& picture)
 {
@@ -146,9 +130,9 @@ std::vector<std::unique_ptr<Shape>> shapesOf(LoWorksheet& sheet)
 
 std::unique_ptr<Shape> insertPicture(LoWorksheet& sheet, const QString& file)
 {
-    Reference<css::graphic::XGraphic> picture;
-    if (QFileInfo(file).isFile())
-        picture = readPicture(sheet, file);
+    Office& office = sheet.workbook().office();
+    const Reference<css::graphic::XGraphic> picture =
+        office.pictures().read(office.context(), file);
     if (!picture.is()) {
         throw Error(
             errors::applicationError,

@@ -219,6 +219,9 @@ void LoWorkbook::SaveAs(const QString& path, FileFormat format)
     requireWritable(path);
     const char* filter = format == FileFormat::Template ? templateFilter : workbookFilter;
     guarded([&] {
+        // By another name's way the application would write over what somebody else has open.
+        if (m_storable->isReadonly() && m_model->getURL() == fileUrl(path))
+            throw Error(errors::permissionDenied, tr("The file %1 is read-only.").arg(path));
         m_storable->storeAsURL(
             fileUrl(path),
             arguments({{"FilterName", Any(rtl::OUString::createFromAscii(filter))}}));

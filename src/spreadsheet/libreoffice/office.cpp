@@ -73,6 +73,7 @@ Office::~Office()
 {
     end();
     m_keeper->clear();
+    m_pictures.clear();
     m_desktop.clear();
     m_connection.close();
 }

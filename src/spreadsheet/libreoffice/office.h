@@ -8,6 +8,7 @@
 #include "spreadsheet/libreoffice/object_keeper.h"
 #include "spreadsheet/libreoffice/office_connection.h"
 #include "spreadsheet/libreoffice/office_process.h"
+#include "spreadsheet/libreoffice/picture_reader.h"
 
 #include <atomic>
 #include <com/sun/star/frame/XDesktop2.hpp>
@@ -40,6 +41,7 @@ public:
     /// Listeners hold the queue and the keeper, and never the application itself.
     const std::shared_ptr<EventQueue>& events() const { return m_events; }
     const std::shared_ptr<ObjectKeeper>& keeper() const { return m_keeper; }
+    PictureReader& pictures() { return m_pictures; }
     const com::sun::star::uno::Reference<com::sun::star::frame::XDesktop2>& desktop() const
     {
         return m_desktop;
@@ -88,6 +90,7 @@ private:
     HostSettings m_settings;
     std::shared_ptr<EventQueue> m_events = std::make_shared<EventQueue>();
     std::shared_ptr<ObjectKeeper> m_keeper = std::make_shared<ObjectKeeper>();
+    PictureReader m_pictures;
     OfficeProcess m_process;
     OfficeConnection m_connection;
     com::sun::star::uno::Reference<com::sun::star::frame::XDesktop2> m_desktop;
