@@ -14,7 +14,6 @@
 
 #include <QCoreApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -30,14 +29,6 @@ constexpr int runs = 9;
 const QString tag = u"PT-1001"_s;
 const QString templateName = u"DS_PT.xlt"_s;
 const QString datasheetType = u"PRESSURE TRANSMITTER"_s;
-
-double millisecondsOf(const std::function<void()>& action)
-{
-    QElapsedTimer timer;
-    timer.start();
-    action();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
 
 /// The main window with the sample project and a datasheet for one of its tags.
 class Desk

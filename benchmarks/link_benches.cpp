@@ -21,7 +21,6 @@
 #include "support/scripted_prompts.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -42,14 +41,6 @@ constexpr int mapRows = 12;
 constexpr int processCount = 10;
 constexpr int runs = 3;
 const QString templateName = u"DS_PT.xlt"_s;
-
-double millisecondsOf(const std::function<void()>& action)
-{
-    QElapsedTimer timer;
-    timer.start();
-    action();
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
 
 class Linked
 {

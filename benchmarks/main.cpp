@@ -24,6 +24,8 @@ int main(int argc, char* argv[])
     const QStringList words = QApplication::arguments();
     if (words.size() == 3 && words[1] == QLatin1StringView("--memory"))
         return bench::measureMemory(words[2].toInt());
+    if (words.value(1) == QLatin1StringView("--report-memory"))
+        return bench::measureReportMemory();
     const QString only = words.value(1);
     bench::runIndexBenches(only);
     bench::runDocumentsBenches(only);
@@ -31,6 +33,8 @@ int main(int argc, char* argv[])
     bench::runMemoryBenches(only);
     bench::runPopulateBenches(only);
     bench::runLinkBenches(only);
+    bench::runLogoBenches(only);
+    bench::runReportBenches(only);
     app::g_objRegHndlr.reset();
     return 0;
 }

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QEvent>
+#include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -50,6 +51,26 @@ double middle(std::vector<double> values)
 }
 
 } // namespace
+
+double millisecondsOf(const std::function<void()>& action)
+{
+    QElapsedTimer timer;
+    timer.start();
+    action();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+double statusMegabytes(const QByteArray& name)
+{
+    QFile status(u"/proc/self/status"_s);
+    if (!status.open(QIODevice::ReadOnly))
+        qFatal("the resident set cannot be read");
+    for (const QByteArray& line : status.readAll().split('\n')) {
+        if (line.startsWith(name))
+            return line.simplified().split(' ')[1].toDouble() / 1024;
+    }
+    return 0;
+}
 
 double untilPainted(QAbstractItemView& view, const std::function<void()>& action)
 {

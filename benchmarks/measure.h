@@ -10,6 +10,11 @@ class QAbstractItemView;
 
 namespace ostrand::bench {
 
+/// Milliseconds that an action takes.
+double millisecondsOf(const std::function<void()>& action);
+/// A figure of this process in MB: "VmRSS:", or at its highest "VmHWM:".
+double statusMegabytes(const QByteArray& name);
+
 /// Milliseconds that an action takes until the view has painted what it changed.
 double untilPainted(QAbstractItemView& view, const std::function<void()>& action);
 
@@ -31,8 +36,12 @@ void runDatasheetBenches(const QString& only);
 void runMemoryBenches(const QString& only);
 void runPopulateBenches(const QString& only);
 void runLinkBenches(const QString& only);
+void runLogoBenches(const QString& only);
+void runReportBenches(const QString& only);
 /// What a process started as "--memory TAGS" does: prints its resident set in MB.
 int measureMemory(int tags);
+/// What a process started as "--report-memory" does: prints by how many MB a report makes it grow.
+int measureReportMemory();
 
 inline bool asked(const QString& only, const QString& name)
 {

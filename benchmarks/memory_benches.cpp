@@ -6,7 +6,6 @@
 #include "toolkit/data_grid.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QProcess>
 #include <QTest>
 
@@ -20,18 +19,6 @@ namespace {
 constexpr int fewer = 100'000;
 constexpr int more = 200'000;
 constexpr double mostMegabytes = 150;
-
-double residentMegabytes()
-{
-    QFile status(u"/proc/self/status"_s);
-    if (!status.open(QIODevice::ReadOnly))
-        qFatal("the resident set cannot be read");
-    for (const QByteArray& line : status.readAll().split('\n')) {
-        if (line.startsWith("VmRSS:"))
-            return line.simplified().split(' ')[1].toDouble() / 1024;
-    }
-    return 0;
-}
 
 double megabytesWith(int tags)
 {
@@ -58,7 +45,7 @@ int measureMemory(int tags)
     QTest::qWait(300);
     QTest::keyClick(grid, Qt::Key_End, Qt::ControlModifier);
     QTest::qWait(100);
-    std::printf("%.2f\n", residentMegabytes());
+    std::printf("%.2f\n", statusMegabytes("VmRSS:"));
     return 0;
 }
 

@@ -32,7 +32,8 @@ constexpr std::string_view usage =
     "  --data DIR        read the data files from DIR instead of the source folder\n"
     "  --datasheets DIR  the datasheet folder that the sample names\n"
     "  --templates DIR   the template folder that the sample names\n"
-    "  --pid FILE        the P&ID database that the sample names\n";
+    "  --pid FILE        the P&ID database that the sample names\n"
+    "  --logo FILE       the logo that the sample names\n";
 
 /// A command line that is no use; the text is empty or tells why.
 struct UsageError
@@ -43,8 +44,11 @@ struct UsageError
 struct CommandLine
 {
     std::vector<std::string> words;
-    std::map<std::string, std::string> options{
-        {"--data", OSTRAND_DATA_DIR}, {"--datasheets", {}}, {"--templates", {}}, {"--pid", {}}};
+    std::map<std::string, std::string> options{{"--data", OSTRAND_DATA_DIR},
+                                               {"--datasheets", {}},
+                                               {"--templates", {}},
+                                               {"--pid", {}},
+                                               {"--logo", {}}};
 };
 
 CommandLine parse(std::span<char*> arguments)
@@ -85,7 +89,8 @@ void make(const CommandLine& line)
     } else if (words.size() == 2 && words[0] == "sample") {
         const SampleFolders folders{line.options.at("--datasheets"),
                                     line.options.at("--templates"),
-                                    line.options.at("--pid")};
+                                    line.options.at("--pid"),
+                                    line.options.at("--logo")};
         makeSample(words[1], data, folders);
     } else if (words.size() == 2 && words[0] == "pid") {
         makePidDatabase(words[1], data);

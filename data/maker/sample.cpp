@@ -97,6 +97,8 @@ void setAttributes(SqliteFile& file, const CsvTable& attributes, const SampleFol
         values["DefaultTemplateFolder"] = folders.templates;
     if (!folders.pid.empty())
         values["DefaultP&IDDatabase"] = folders.pid;
+    if (!folders.logo.empty())
+        values["Logo file"] = folders.logo;
     SqliteStatement update(file,
                            "UPDATE ProjectInfo SET attributeValue = ? WHERE attributeName = ?");
     for (const auto& [name, value] : values) {

@@ -7,13 +7,13 @@
 
 namespace ostrand::maker {
 
-/// The folders and the P&ID database that the sample project names; an empty one keeps the name in
-/// project.csv.
+/// The folders and files that the sample project names; an empty one keeps the name in project.csv.
 struct SampleFolders
 {
     std::string datasheets;
     std::string templates;
     std::string pid = {};
+    std::string logo = {};
 };
 
 /// Makes the sample project: the template with the tags, documents, ties, attributes and index

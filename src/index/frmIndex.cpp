@@ -10,6 +10,7 @@
 #include "app/state.h"
 #include "datasheets/cXlHndlr.h"
 #include "datasheets/datasheet_commands.h"
+#include "datasheets/logo_run.h"
 #include "index/document_columns.h"
 #include "index/frmNotes.h"
 #include "index/index_buttons.h"
@@ -144,7 +145,16 @@ void frmIndex::connectCommands()
         if (app::g_blnFolderChanged)
             pid::changedDatasheetPath();
     });
+    const auto showProjectInfo = [this] { ShowProjectInfo(); };
+    onAction(u"mnuSetupDatasheets"_s,
+             [showProjectInfo] { datasheets::mnuSetupDatasheets(showProjectInfo); });
+    onAction(u"mnuSetupTemplates"_s,
+             [showProjectInfo] { datasheets::mnuSetupTemplates(showProjectInfo); });
     onAction(u"mnuEditIndexRev"_s, [this] { mnuEditIndexRev(); });
+    onAction(u"mnuReportIndex"_s, [this] { mnuReportIndex(); });
+    onAction(u"mnuReportAlarmSum"_s, [this] { mnuReportAlarmSum(); });
+    onAction(u"mnuReportInstallationDetails"_s, [this] { mnuReportInstallationDetails(); });
+    onAction(u"mnuReportMaintenance"_s, [this] { mnuReportMaintenance(); });
     onAction(u"mnuDocAll"_s, [this] { mnuDocAll(); });
     onAction(u"mnuDocRef"_s, [this] { mnuDocRef(); });
     onAction(u"mnuDocDtSht"_s, [this] { m_datasheets->OpenTagDatasheet(); });

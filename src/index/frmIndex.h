@@ -103,10 +103,15 @@ private:
     void storeNewProjectFolders();
     void ShowProjectInfo() const;
 
-    // Windows of the documents and the revisions
+    // Windows of the documents, the revisions and the reports
     void mnuEditIndexRev();
     void mnuDocAll();
     void mnuDocRef();
+    void mnuReportIndex();
+    void mnuReportAlarmSum();
+    void mnuReportInstallationDetails();
+    void mnuReportMaintenance();
+    void showReport(int number, const QString& failure);
     void showChangedDocuments();
 
     // Events

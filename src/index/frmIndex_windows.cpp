@@ -1,15 +1,20 @@
 // SPDX-FileCopyrightText: 2026 The Ostrand Datasheets authors
 // SPDX-License-Identifier: MIT
 //
-// The windows of the documents and of the index revisions. The main window takes them along when
-// it closes first, so that nothing of it may be touched then.
+// The windows of the documents, the index revisions and the reports. The main window takes them
+// along when it closes first, so that nothing of it may be touched then.
 #include "app/state.h"
 #include "datasheets/cXlHndlr.h"
+#include "datasheets/failure.h"
 #include "documents/frmDoc.h"
 #include "documents/frmDocXref.h"
 #include "index/document_columns.h"
 #include "index/frmIndex.h"
 #include "index/frmIndexRev.h"
+#include "toolkit/prompts.h"
+#include "viewing/frmRptViewer.h"
+
+#include <QScopeGuard>
 
 namespace ostrand::index {
 
@@ -39,6 +44,37 @@ void frmIndex::mnuDocRef()
     documents::showTagDocuments(this, tag);
     if (self)
         showChangedDocuments();
+}
+
+void frmIndex::mnuReportIndex()
+{
+    showReport(2, tr("Error while viewing Instrument Index Report"));
+}
+
+void frmIndex::mnuReportAlarmSum()
+{
+    showReport(1, tr("Error while viewing Controller and Alarm Summary Report"));
+}
+
+void frmIndex::mnuReportInstallationDetails()
+{
+    showReport(4, tr("Error while viewing Installation Details Report"));
+}
+
+void frmIndex::mnuReportMaintenance()
+{
+    showReport(3, tr("Error while viewing Maintenance Report"));
+}
+
+void frmIndex::showReport(int number, const QString& failure)
+{
+    try {
+        const QPointer<viewing::frmRptViewer> viewer = new viewing::frmRptViewer(this);
+        const auto close = qScopeGuard([&viewer] { delete viewer; });
+        viewer->ShowInfo(number);
+    } catch (...) {
+        toolkit::showFailure(toolkit::formA(failure, datasheets::currentFailure()));
+    }
 }
 
 /// A datasheet opened from one of the windows needs its tag to stay the current one: the index is

@@ -36,7 +36,7 @@ private Q_SLOTS:
     void everyTieHasItsTag();
     void theTitleTellsSheetRevisionAndDate();
     void documentsAreOfTheFiveKinds();
-    void attributesNameThePlantAndLeaveTheLogoOpen();
+    void attributesNameThePlantAndItsLogo();
     void fourRevisionsAreDated();
     void severalTagsHaveLongRemarks();
     void rangesAreThereInPartsToo();
@@ -90,14 +90,15 @@ void tst_sample::documentsAreOfTheFiveKinds()
                           u"REQUISITION|338"_s}));
 }
 
-void tst_sample::attributesNameThePlantAndLeaveTheLogoOpen()
+void tst_sample::attributesNameThePlantAndItsLogo()
 {
     ScratchProject project("Samples/Heronsfield.mdb");
     QCOMPARE(project.row("SELECT * FROM qryrptindexheader"),
              u"Heronsfield Gas Conditioning Plant|Units 05-80|Heronsfield, East Moor|HGC-2417|"
              "Wexcombe Energy Ltd"_s);
     QCOMPARE(project.rows("SELECT attributeValue FROM ProjectInfo WHERE static ORDER BY rowid"),
-             (QStringList{u"Datasheets"_s, u"Templates"_s, u"HGC_PID.mdb"_s, u"NULL"_s}));
+             (QStringList{u"Datasheets"_s, u"Templates"_s, u"HGC_PID.mdb"_s, u"Wexcombe.jpg"_s}));
+    QVERIFY(fs::exists(fs::path(OSTRAND_BIN_DIR) / "Samples" / "Wexcombe.jpg"));
 }
 
 void tst_sample::fourRevisionsAreDated()

@@ -10,11 +10,14 @@
 #include "camera.h"
 #include "datasheet_tour.h"
 #include "documents_tour.h"
+#include "help_tour.h"
 #include "index/frmIndex.h"
 #include "index/index_columns.h"
 #include "link_tour.h"
+#include "logo_tour.h"
 #include "populate_tour.h"
 #include "project_tour.h"
+#include "report_tour.h"
 #include "store/database.h"
 #include "toolkit/data_grid.h"
 #include "viewing_tour.h"
@@ -174,6 +177,8 @@ QString makeProject(const Camera& camera)
                            folder + u"/Templates"_s,
                            u"--pid"_s,
                            bin.filePath(u"Samples/HGC_PID.mdb"_s),
+                           u"--logo"_s,
+                           bin.filePath(u"Samples/Wexcombe.jpg"_s),
                            u"sample"_s,
                            project})
         != 0)
@@ -205,11 +210,14 @@ void tourIndex(const Camera& camera)
         open.exec();
     });
     IndexTour(camera, window).walk();
+    tourHelp(camera, window);
     tourProject(camera);
+    tourReports(camera, window);
     tourPopulate(camera);
     tourDocuments(camera, window);
     tourDatasheet(camera, window);
     tourLink(camera, window);
+    tourLogo(camera, window);
     tourViewing(camera, window);
     app::End();
 }

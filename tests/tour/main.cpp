@@ -41,6 +41,8 @@ void useDarkColours()
     dark.setColor(QPalette::AlternateBase, QColor(0x2b, 0x2e, 0x32));
     dark.setColor(QPalette::Highlight, QColor(0x2a, 0x62, 0x9a));
     dark.setColor(QPalette::HighlightedText, Qt::white);
+    dark.setColor(QPalette::Link, QColor(0x7a, 0xb8, 0xf5));
+    dark.setColor(QPalette::LinkVisited, QColor(0xb8, 0xa0, 0xf0));
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
         dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x84, 0x88));
     QApplication::setPalette(dark);
