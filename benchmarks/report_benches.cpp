@@ -158,19 +158,23 @@ void writeRows(const QString& path)
     }
 }
 
+/// What the application says is not for the output, which holds results alone.
 void convert(const QString& folder, const QString& format, const QString& name)
 {
-    const int code = QProcess::execute(
-        u"" OSTRAND_LIBREOFFICE "/program/soffice"_s,
-        {u"-env:UserInstallation="_s
-             + QUrl::fromLocalFile(folder + u"/profile"_s).toString(QUrl::FullyEncoded),
-         u"--headless"_s,
-         u"--convert-to"_s,
-         format,
-         u"--outdir"_s,
-         folder,
-         folder + u'/' + name});
-    if (code != 0)
+    QProcess office;
+    office.setStandardOutputFile(QProcess::nullDevice());
+    office.setStandardErrorFile(QProcess::nullDevice());
+    office.start(u"" OSTRAND_LIBREOFFICE "/program/soffice"_s,
+                 {u"-env:UserInstallation="_s
+                      + QUrl::fromLocalFile(folder + u"/profile"_s).toString(QUrl::FullyEncoded),
+                  u"--headless"_s,
+                  u"--convert-to"_s,
+                  format,
+                  u"--outdir"_s,
+                  folder,
+                  folder + u'/' + name});
+    if (!office.waitForFinished(-1) || office.exitStatus() != QProcess::NormalExit
+        || office.exitCode() != 0)
         qFatal("the rows cannot be converted");
 }
 

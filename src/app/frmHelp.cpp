@@ -154,6 +154,15 @@ void frmHelp::connectControls()
             });
     connect(m_browser, &HelpBrowser::pageShown, this, &frmHelp::pageShown);
     connect(m_browser, &HelpBrowser::pageMissing, this, &tellMissingHelp);
+    connect(
+        m_browser,
+        &HelpBrowser::otherHelpAsked,
+        this,
+        [this](const QString& topic, bool blnManual) { ShowHelpTopic(this, topic, blnManual); });
+    connect(m_tabs, &QTabWidget::currentChanged, this, [this] {
+        if (m_tabs->currentWidget() == m_search)
+            m_search->start();
+    });
 }
 
 bool frmHelp::ShowTopic(const HelpFile& file, const QString& page)

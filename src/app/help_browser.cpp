@@ -7,6 +7,7 @@
 #include "toolkit/prompts.h"
 
 #include <QImage>
+#include <QRegularExpression>
 #include <QTextBlock>
 #include <QWheelEvent>
 
@@ -104,9 +105,23 @@ void HelpBrowser::follow(const QUrl& link)
             Q_EMIT pageMissing();
         return;
     }
+    if (followToOtherHelp(link))
+        return;
     static const QStringList outside{u"http"_s, u"https"_s, u"mailto"_s};
     if (outside.contains(link.scheme()))
         toolkit::promptHost().openAddress(link.toString());
+}
+
+/// Links between help files have the form "ms-its:OstrandErrors.chm::/ID_ERRORS.htm".
+bool HelpBrowser::followToOtherHelp(const QUrl& link)
+{
+    static const QRegularExpression form(
+        u"^(OstrandDatasheets|OstrandErrors)\\.chm::/(\\w[\\w-]*)\\.htm$"_s);
+    const auto parts = form.match(link.path());
+    if (link.scheme() != "ms-its"_L1 || !parts.hasMatch())
+        return false;
+    Q_EMIT otherHelpAsked(parts.captured(2), parts.captured(1) == "OstrandDatasheets"_L1);
+    return true;
 }
 
 std::optional<QString> HelpBrowser::readPage(const QString& name) const

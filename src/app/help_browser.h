@@ -40,6 +40,8 @@ Q_SIGNALS:
     void pageShown(const QString& page);
     /// A link names a page that is not there.
     void pageMissing();
+    /// A link names a page of the other help file: its topic, and whether that is the manual.
+    void otherHelpAsked(const QString& topic, bool blnManual);
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -48,6 +50,7 @@ protected:
 private:
     void takeColours();
     void follow(const QUrl& link);
+    bool followToOtherHelp(const QUrl& link);
     std::optional<QString> readPage(const QString& name) const;
 
     std::shared_ptr<const HelpFile> m_file;

@@ -6,6 +6,7 @@
 #include "app/frmAbout.h"
 #include "app/frmOpen.h"
 #include "app/frmProjectInfo.h"
+#include "app/help_key.h"
 #include "app/state.h"
 #include "datasheets/cXlHndlr.h"
 #include "documents/frmDocXref.h"
@@ -52,6 +53,7 @@ void Main(const QString& commandLine)
     index::frmIndex& frmIndex = *window;
     QObject::connect(&frmIndex, &index::frmIndex::unloaded, &endOutright);
     frmIndex.setCommands({.ShowProjectInfo = [&frmIndex] { showProjectInfo(&frmIndex); }});
+    new HelpKey(&frmIndex);
     g_frmIndex = std::move(window);
     viewing::g_objViewer = std::make_unique<viewing::CViewer>();
     g_strIndexFile.clear();

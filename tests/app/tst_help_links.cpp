@@ -136,6 +136,13 @@ void TestHelpLinks::everyLinkLeadsToAPlace()
     for (const QString& name : pages()) {
         for (const QString& link : attributes(name, u"a"_s, u"href"_s)) {
             const QUrl url(link);
+            if (url.scheme() == "ms-its"_L1) {
+                const QStringList parts = url.path().split(u"::/"_s);
+                const auto other = HelpFile::open(QStringLiteral(OSTRAND_BIN_DIR "/") + parts[0]);
+                QVERIFY2(parts.size() == 2 && other && other->contains(parts[1]),
+                         qPrintable(name + u": "_s + link));
+                continue;
+            }
             if (!url.scheme().isEmpty()) {
                 QVERIFY2(url.scheme() == "https"_L1, qPrintable(name + u": "_s + link));
                 continue;

@@ -5,6 +5,7 @@
 #include "app/help_browser.h"
 #include "app/program.h"
 #include "made_help.h"
+#include "support/help_windows.h"
 #include "support/program_fixture.h"
 
 #include <QAccessible>
@@ -20,6 +21,7 @@
 #include <QPrinter>
 #include <QProcess>
 #include <QSplitter>
+#include <QTabWidget>
 #include <QTest>
 #include <QTimer>
 #include <QToolBar>
@@ -62,7 +64,9 @@ HelpSources usualSources()
                   u"<p><a href=\"tags.htm#rename\">Tags</a> <a href=\"lost.htm\">Lost</a> "
                   u"<a href=\"https://www.ostrand.example/a?b=c\">Web</a> "
                   u"<a href=\"file:///etc/passwd\">File</a> "
-                  u"<a href=\"javascript:alert(1)\">Script</a></p>"_s)},
+                  u"<a href=\"javascript:alert(1)\">Script</a> "
+                  u"<a href=\"ms-its:OstrandErrors.chm::/ID_ERRORS.htm\">Errors</a> "
+                  u"<a href=\"ms-its:Other.chm::/ID_ERRORS.htm\">Foreign</a></p>"_s)},
         {u"tags.htm"_s,
          htmlPage(u"Working with tags"_s,
                   u"<p>A valve.</p>"_s + u"<p>line</p>"_s.repeated(200)
@@ -102,6 +106,7 @@ private Q_SLOTS:
     void onlyLinksHaveTheirColour();
 
     void theSearchFindsPagesAndMarksTheirWords();
+    void theSearchTabTakesTheFocus();
     void aTextIsFoundOnThePage();
     void escapeClosesTheFindBarAndThenTheWindow();
     void lettersGrowAndShrinkWithinBounds();
@@ -113,7 +118,6 @@ private Q_SLOTS:
 
 private:
     void install(const HelpSources& sources, const QString& name = u"OstrandDatasheets"_s);
-    static QList<frmHelp*> windows();
     static frmHelp* window();
     static void show(const QString& topic = u"ID_MANUAL"_s, bool manual = true)
     {
@@ -155,19 +159,9 @@ void TestHelpWindow::install(const HelpSources& sources, const QString& name)
     tests::compileHelp(app::installationFolder(), name, sources);
 }
 
-QList<frmHelp*> TestHelpWindow::windows()
-{
-    QList<frmHelp*> open;
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget->isVisible() && qobject_cast<frmHelp*>(widget))
-            open << static_cast<frmHelp*>(widget);
-    }
-    return open;
-}
-
 frmHelp* TestHelpWindow::window()
 {
-    const QList<frmHelp*> open = windows();
+    const QList<frmHelp*> open = tests::helpWindows();
     return open.isEmpty() ? nullptr : open.first();
 }
 
@@ -210,10 +204,13 @@ void TestHelpWindow::theErrorReferenceHasAWindowOfItsOwn()
             u"OstrandErrors"_s);
     show();
     const QWidget* manual = window();
-    show(u"ID_ERRORS"_s, false);
+    clickOn(u"Foreign"_s);
+    QCOMPARE(tests::helpWindows().size(), 1);
+    clickOn(u"Errors"_s);
     QCOMPARE(texts(), QStringList());
-    QCOMPARE(windows().size(), 2);
-    const auto other = windows().first() == manual ? windows().last() : windows().first();
+    QCOMPARE(tests::helpWindows().size(), 2);
+    const auto other = tests::helpWindows().first() == manual ? tests::helpWindows().last()
+                                                              : tests::helpWindows().first();
     QCOMPARE(other->windowTitle(), u"All errors - Ostrand Datasheets Errors"_s);
 }
 
@@ -229,7 +226,7 @@ void TestHelpWindow::anotherTopicComesInTheWindowThatIsOpen()
     QCOMPARE(window(), first);
     QCOMPARE(window()->windowTitle(), u"Working with tags - Ostrand Datasheets Help"_s);
     QTRY_COMPARE(QApplication::activeWindow(), static_cast<QWidget*>(window()));
-    QCOMPARE(windows().size(), 1);
+    QCOMPARE(tests::helpWindows().size(), 1);
 }
 
 void TestHelpWindow::aTopicThatIsMissingIsTold_data()
@@ -422,6 +419,14 @@ void TestHelpWindow::theSearchFindsPagesAndMarksTheirWords()
     QCOMPARE(hits.count(), 0);
     field.clear();
     QTRY_VERIFY(control<QLabel>(u"lblFound"_s).isHidden());
+}
+
+void TestHelpWindow::theSearchTabTakesTheFocus()
+{
+    show();
+    control<QTabWidget>(u"tabs"_s).setCurrentIndex(1);
+    QTest::keyClicks(QApplication::focusWidget(), u"valve"_s);
+    QCOMPARE(control<QLineEdit>(u"txtSearch"_s).text(), u"valve"_s);
 }
 
 void TestHelpWindow::aTextIsFoundOnThePage()

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 //
 // The manual that comes with the program, opened from the main window and from a modal one.
+#include "app/help_key.h"
 #include "app/program.h"
 #include "support/help_windows.h"
 #include "support/index_fixture.h"
@@ -28,6 +29,7 @@ private Q_SLOTS:
     void f1OpensTheManual();
     void theButtonAndTheMenuOpenTheSameWindow();
     void theHelpButtonOfAModalWindowOpensIt();
+    void f1OpensItFromAModalWindowAndNotAgainFromTheHelp();
     void theHelpGoesWithTheMainWindow();
 
 private:
@@ -76,6 +78,26 @@ void TestIndexHelp::theHelpButtonOfAModalWindowOpensIt()
     m_index->choose(u"mnuEditIndexRev"_s);
     QVERIFY(ran);
     expectManual();
+}
+
+void TestIndexHelp::f1OpensItFromAModalWindowAndNotAgainFromTheHelp()
+{
+    const app::HelpKey key;
+    m_index->open(m_index->sampleProject());
+    bool ran = false;
+    QTimer::singleShot(0, &m_index->window, [&] {
+        auto* modal = QApplication::activeModalWidget();
+        QVERIFY(modal);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F1);
+        expectManual();
+        app::frmHelp* help = helpWindows().first();
+        help->hide();
+        QTest::keyClick(help, Qt::Key_F1);
+        ran = helpWindows().isEmpty() && modal->isVisible();
+        static_cast<QDialog*>(modal)->reject();
+    });
+    m_index->choose(u"mnuEditIndexRev"_s);
+    QVERIFY(ran);
 }
 
 void TestIndexHelp::theHelpGoesWithTheMainWindow()
