@@ -46,6 +46,12 @@ LogoSheet sheetOf(const store::Recordset& row)
             .isDefault = row.Field(u"DefaultSheet"_s).flag()};
 }
 
+/// The words of a failure with the file that they are about: a run has hundreds.
+QString wordsAbout(const QString& file, const QString& words)
+{
+    return words.contains(file) ? words : file + u": "_s + words;
+}
+
 /// The room at a cell, as far as the logo keeps the same distance from all sides of it.
 spreadsheet::Extent roomAt(const spreadsheet::Range& anchor, const LogoSheet& row)
 {
@@ -198,8 +204,11 @@ spreadsheet::Application& CLogoChg::runningApplication()
 {
     if (m_application && !m_application->isRunning())
         m_application.reset();
-    if (!m_application)
+    if (!m_application) {
         m_application = spreadsheet::CreateObject();
+        // The sheets are not protected meanwhile.
+        m_application->refuseInput();
+    }
     return *m_application;
 }
 
@@ -234,7 +243,7 @@ std::optional<std::vector<LogoSheet>> CLogoChg::GetXlsDatasheetType(
             u"DtShtWorksheets.LogoAnchor, DtShtWorksheets.DeltaX, DtShtWorksheets.DeltaY, "
             u"DtShtWorksheets.DefaultCell, DtShtWorksheets.DefaultSheet From DtShtWorksheets "
             u"WHERE (((DtShtWorksheets.DatasheetType)=\""_s
-            + type + u"\"))"_s);
+            + QString(type).replace(u"\""_s, u"\"\""_s) + u"\"))"_s);
         std::vector<LogoSheet> sheets;
         for (; !rows->Eof(); rows->MoveNext())
             sheets.push_back(sheetOf(*rows));
@@ -276,8 +285,8 @@ void CLogoChg::failed(const QString& file, const QString& path, const store::Err
         showOverMainWindow({.text = tr("Datasheet ") + file + tr(" is invalid datasheet")});
         break;
     default:
-        showOverMainWindow(
-            {.text = QString::number(error.number()) + u"  "_s + error.description()});
+        showOverMainWindow({.text = QString::number(error.number()) + u"  "_s
+                                    + wordsAbout(file, error.description())});
     }
 }
 

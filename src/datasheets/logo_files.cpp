@@ -37,8 +37,12 @@ QStringList logoFiles(const QString& folder)
         return QCoreApplication::translate("logo_files", text);
     };
     const QFileInfo place(toolkit::filePath(folder));
-    if (folder.isEmpty() || !place.isDir())
+    if (folder.isEmpty())
         throw store::Error(toolkit::fileErrors::pathNotFound, words("Path not found"));
+    if (!place.isDir()) {
+        throw store::Error(toolkit::fileErrors::pathNotFound,
+                           words("Path not found: %1").arg(folder));
+    }
     std::error_code unreadable;
     const std::filesystem::directory_iterator first(place.filesystemFilePath(), unreadable);
     if (unreadable)

@@ -201,6 +201,9 @@ public:
 
     /// Shows or hides the windows of the workbooks that this link has opened, and of those to come.
     virtual void setVisible(bool visible) = 0;
+    /// From now on the windows of its workbooks are there to be looked at: what the user types or
+    /// clicks there is dropped, and none is brought to the front. To be called before one shows.
+    virtual void refuseInput() = 0;
     /// Closes its workbooks without saving, and ends the application unless another link has a
     /// workbook open.
     virtual void Quit() = 0;

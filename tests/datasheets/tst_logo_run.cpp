@@ -170,18 +170,18 @@ void TestLogoRun::anEmptyFolderIsCompletedAtOnce()
 void TestLogoRun::aMissingFolderIsToldAndCompleted()
 {
     QFETCH(QString, entry);
-    const QStringList expected =
-        isForTemplates()
-            ? QStringList{u"Error while changing template logo. \r\nError : 76. Path not found"_s,
-                          u"Template logo operation completed"_s}
-            : QStringList{u"Error while changing datasheet logo. \r\nError : 76. Path not found"_s,
-                          done};
+    const QString error = isForTemplates()
+                              ? u"Error while changing template logo. \r\nError : 76. "_s
+                              : u"Error while changing datasheet logo. \r\nError : 76. "_s;
+    const QString end = isForTemplates() ? u"Template logo operation completed"_s : done;
     for (const QString& folder : {m_desk->path(u"nowhere"_s), QString()}) {
         m_desk->setAttribute(
             isForTemplates() ? u"DefaultTemplateFolder"_s : u"DefaultDatasheetFolder"_s, folder);
         std::vector<BoxIcon> icons;
         m_desk->prompts.whileOpen = [&](const toolkit::Box& box) { icons.push_back(box.icon); };
-        QCOMPARE(m_desk->run(entry), expected);
+        const QString words =
+            folder.isEmpty() ? u"Path not found"_s : u"Path not found: "_s + folder;
+        QCOMPARE(m_desk->run(entry), (QStringList{error + words, end}));
         QVERIFY(icons == (std::vector{BoxIcon::Exclamation, BoxIcon::Information}));
     }
 }
@@ -444,7 +444,8 @@ void TestLogoRun::yesWithNoFolderLeftIsTold()
     onProjectInfo([&] { QDir(m_desk->path(u"sheets"_s)).removeRecursively(); });
     QCOMPARE(m_desk->run(),
              (QStringList{question,
-                          u"Error while changing datasheet logo. \r\nError : 76. Path not found"_s,
+                          u"Error while changing datasheet logo. \r\nError : 76. Path not found: "_s
+                              + m_desk->path(u"sheets"_s),
                           done}));
 }
 

@@ -63,6 +63,11 @@ void OfficeDisplay::type(const QString& text)
     xdotool({u"type"_s, u"--delay"_s, u"15"_s, text});
 }
 
+void OfficeDisplay::click(int x, int y)
+{
+    xdotool({u"mousemove"_s, QString::number(x), QString::number(y), u"click"_s, u"1"_s});
+}
+
 QStringList OfficeDisplay::windows()
 {
     QStringList titles;

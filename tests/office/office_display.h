@@ -22,6 +22,8 @@ public:
     /// Presses keys such as "ctrl+s", in the window that has the focus.
     static void press(const QStringList& keys);
     static void type(const QString& text);
+    /// Clicks on a point of the screen.
+    static void click(int x, int y);
     /// The titles of the windows that show.
     static QStringList windows();
     /// Brings a window whose title matches to the front; false when there is none.

@@ -68,11 +68,13 @@ private:
 class Session
 {
 public:
-    explicit Session(int sheets = 1)
+    explicit Session(int sheets = 1, bool refusesInput = false)
     {
         spreadsheet::setHostSettings({.folder = QStringLiteral(OSTRAND_BIN_DIR)});
         path = fixture.path(u"a.xls"_s);
         application = spreadsheet::CreateObject();
+        if (refusesInput)
+            application->refuseInput();
         {
             const auto made = application->Add();
             made->Worksheets(1)->Range(u"A1"_s)->setValue(u"one"_s);
@@ -155,6 +157,17 @@ public:
 const QStringList saves{u"BeforeSave"_s, u"BeforeSaveAs"_s, u"Change"_s};
 const QStringList closes{u"BeforeClose"_s, u"stays"_s, u"closes"_s, u"Lost"_s};
 const QStringList changes{u"Change"_s};
+
+bool isIn(const QString& text, const spreadsheet::CellValues& values)
+{
+    for (const auto& row : values) {
+        for (const spreadsheet::CellValue& value : row) {
+            if (const auto* words = std::get_if<QString>(&value); words && words->contains(text))
+                return true;
+        }
+    }
+    return false;
+}
 
 /// By a name that no sheet has. On a busy machine the window may miss the first keys.
 bool bringUpADialog()
@@ -330,6 +343,56 @@ private Q_SLOTS:
         OfficeDisplay::press({u"Escape"_s, u"Escape"_s});
         QTRY_COMPARE_WITH_TIMEOUT(OfficeDisplay::windows(), before, patience);
         QCOMPARE(session.text(u"A1"_s), u"unsaved"_s);
+    }
+
+    /// The same is done to a window that takes input, where it does change the cells.
+    static void aWindowThatRefusesInputOnlyShows_data()
+    {
+        QTest::addColumn<bool>("refuses");
+        QTest::newRow("takes input") << false;
+        QTest::newRow("refuses it") << true;
+    }
+    static void aWindowThatRefusesInputOnlyShows()
+    {
+        QFETCH(const bool, refuses);
+        Session session(2, refuses);
+        const auto secondSheet = session.workbook->Worksheets(2);
+        const auto inFront = [&] { return session.workbook->ActiveSheet()->Name(); };
+        const QString front = inFront();
+        constexpr int repeats = 3; // a busy machine misses keys
+        for (int i = 0; i < repeats; ++i) {
+            Session::press({u"Escape"_s, u"ctrl+Home"_s});
+            OfficeDisplay::type(u"wrong"_s);
+            OfficeDisplay::press({u"Return"_s, u"Delete"_s, u"ctrl+v"_s, u"ctrl+z"_s});
+            OfficeDisplay::press({u"Escape"_s, u"ctrl+Next"_s});
+            OfficeDisplay::click(600, 400);
+            OfficeDisplay::type(u"wrong"_s);
+            OfficeDisplay::press({u"Return"_s});
+        }
+        Session::settle();
+        const bool isUntouched = session.text(u"A1"_s) == u"one"_s && inFront() == front
+                                 && session.told(changes + saves).isEmpty();
+        QCOMPARE(isUntouched, refuses);
+        if (!refuses)
+            return;
+        for (const spreadsheet::CellValues& values :
+             {session.sheet->Values(u"A1:Z60"_s), secondSheet->Values(u"A1:Z60"_s)})
+            QVERIFY(!isIn(u"wrong"_s, values));
+        // A menu, the keys that end it, and the window manager's own.
+        for (const QStringList& keys : {QStringList{u"alt+f"_s, u"c"_s},
+                                        {u"ctrl+w"_s},
+                                        {u"ctrl+q"_s},
+                                        {u"ctrl+s"_s},
+                                        {u"alt+F4"_s}}) {
+            Session::press(keys);
+            QVERIFY2(session.told(closes + saves).isEmpty(), qPrintable(keys.join(u' ')));
+        }
+        QVERIFY(shows(u"a.xls"_s));
+        QVERIFY(!shows(questionTitle));
+        // The program goes on with it.
+        session.sheet->Range(u"A1"_s)->setValue(u"two"_s);
+        session.workbook->Save();
+        QCOMPARE(session.text(u"A1"_s), u"two"_s);
     }
 
     static void itsWindowHidesAndShows()

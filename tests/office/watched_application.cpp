@@ -25,6 +25,7 @@ public:
     std::shared_ptr<Workbook> Add() override { return m_real->Add(); }
     bool isRunning() const override { return m_real->isRunning(); }
     void setVisible(bool visible) override { m_real->setVisible(visible); }
+    void refuseInput() override { m_real->refuseInput(); }
     void Quit() override { m_real->Quit(); }
 
 private:

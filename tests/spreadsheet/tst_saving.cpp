@@ -28,6 +28,17 @@ int errorOf(const std::function<void()>& calls)
     }
 }
 
+/// Number and words of the failure.
+QString wordsOf(const std::function<void()>& calls)
+{
+    try {
+        calls();
+        return {};
+    } catch (const spreadsheet::Error& error) {
+        return QString::number(error.number()) + u' ' + error.description();
+    }
+}
+
 QByteArray bytesOf(const QString& path)
 {
     QFile file(path);
@@ -202,6 +213,21 @@ private Q_SLOTS:
             }
         }
         QVERIFY(!QFile::exists(office.path(u"nowhere"_s)));
+    }
+
+    /// The application itself names only a place in its own source, alone or behind its words.
+    static void whatTheApplicationRefusesIsToldInWords()
+    {
+        const OfficeFixture office;
+        const auto workbook = spreadsheet::CreateObject()->Open(office.workbook(u"a.xls"_s));
+        const QString sheet = workbook->Worksheets(1)->Name();
+        QCOMPARE(wordsOf([&] { workbook->AddSheet(sheet); }),
+                 u"1004 The spreadsheet application refused the command."_s);
+        QVERIFY(QDir(office.path(QString())).mkdir(u"b.xls"_s));
+        const QString words =
+            wordsOf([&] { workbook->SaveAs(office.path(u"b.xls"_s), FileFormat::Workbook); });
+        QVERIFY2(words.startsWith(u"1004 "_s) && words.contains(u"b.xls"_s), qPrintable(words));
+        QVERIFY2(!words.contains(u".cxx"_s), qPrintable(words));
     }
 
     static void aFullDiskLeavesTheOldFilesWhole()

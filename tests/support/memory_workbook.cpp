@@ -568,6 +568,8 @@ void MemoryOffice::select(const QString& sheet)
 
 void MemoryOffice::typeIn(const QString& sheet, const QString& cell, const CellValue& value)
 {
+    if (!current()->m_application->m_takesInput)
+        return;
     select(sheet);
     const auto book = current();
     const auto& target = *book->m_sheets[book->m_active];

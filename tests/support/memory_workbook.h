@@ -135,6 +135,7 @@ public:
     std::shared_ptr<spreadsheet::Workbook> Add() override;
     bool isRunning() const override { return !m_dead; }
     void setVisible(bool visible) override;
+    void refuseInput() override { m_takesInput = false; }
     void Quit() override;
 
 private:
@@ -147,6 +148,7 @@ private:
     MemoryOffice* m_office;
     std::vector<std::weak_ptr<MemoryWorkbook>> m_books;
     bool m_visible = false;
+    bool m_takesInput = true;
     bool m_dead = false;
 };
 
@@ -163,6 +165,7 @@ public:
     MemoryOffice& operator=(const MemoryOffice&) = delete;
 
     // ---- the user
+    /// Nothing where the application refuses input.
     void typeIn(const QString& sheet, const QString& cell, const spreadsheet::CellValue& value);
     void select(const QString& sheet);
     void pressSave();

@@ -52,13 +52,15 @@ std::shared_ptr<Workbook> LoApplication::Add()
 
 std::shared_ptr<Workbook> LoApplication::load(const QString& path, const rtl::OUString& url)
 {
+    // A window that loads in sight would take input until it is told not to.
+    const bool showsAtOnce = m_visible && m_takesInput;
     const Reference<css::lang::XComponent> document = guarded([&] {
         return m_office->desktop()->loadComponentFromURL(
             url,
             "_blank",
             0,
             // What never shows needs no hiding; a hidden document forgets its sheet in front.
-            arguments({{"Hidden", Any(!m_visible && !m_office->settings().headless)},
+            arguments({{"Hidden", Any(!showsAtOnce && !m_office->settings().headless)},
                        {"AsTemplate", Any(false)},
                        {"MacroExecutionMode", Any(css::document::MacroExecMode::NEVER_EXECUTE)},
                        {"UpdateDocMode", Any(css::document::UpdateDocMode::NO_UPDATE)}}));

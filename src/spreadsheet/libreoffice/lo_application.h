@@ -21,9 +21,11 @@ public:
     std::shared_ptr<Workbook> Add() override;
     bool isRunning() const override { return m_office->answers(); }
     void setVisible(bool visible) override;
+    void refuseInput() override { m_takesInput = false; }
     void Quit() override;
 
     Office& office() { return *m_office; }
+    bool takesInput() const { return m_takesInput; }
 
 private:
     std::shared_ptr<Workbook> load(const QString& path, const rtl::OUString& url);
@@ -32,6 +34,7 @@ private:
     std::shared_ptr<Office> m_office;
     std::vector<std::weak_ptr<LoWorkbook>> m_workbooks;
     bool m_visible = false;
+    bool m_takesInput = true;
 };
 
 } // namespace ostrand::spreadsheet::libreoffice

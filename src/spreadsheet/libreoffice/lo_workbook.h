@@ -86,6 +86,8 @@ private:
     void endWriting() noexcept;
     void endCellEntry();
     void show(bool visible);
+    void
+    showOnScreen(const com::sun::star::uno::Reference<com::sun::star::frame::XFrame>& frame) const;
     void whenAtRest(const std::function<void(LoWorkbook&)>& action);
     void store();
     bool raiseBeforeClose(SaveChanges changes);

@@ -119,6 +119,8 @@ bool LoWorkbook::tryClose() const
 {
     try {
         const Reference<css::frame::XFrame> frame = controller()->getFrame();
+        if (!frame.is()) // its user got the window closed
+            return true;
         if (m_isShown)
             office().noteWindowFillsScreen(fillsScreen(frame));
         try {

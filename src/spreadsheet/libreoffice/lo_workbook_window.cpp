@@ -48,11 +48,24 @@ void LoWorkbook::show(bool visible)
         hideWindow(frame);
         return;
     }
-    if (!m_isShown)
-        showWindow(frame, office().windowFillsScreen());
-    m_isShown = true;
+    if (!std::exchange(m_isShown, true))
+        showOnScreen(frame);
     if (!std::exchange(m_hasShown, true))
         banStatusBar(frame);
+}
+
+/// Where input is refused, that holds before the window shows, and once more for the parts that it
+/// makes as it does.
+void LoWorkbook::showOnScreen(const Reference<css::frame::XFrame>& frame) const
+{
+    const bool takesInput = m_application->takesInput();
+    if (!takesInput)
+        refuseInput(frame);
+    showWindow(frame, office().windowFillsScreen());
+    if (takesInput)
+        bringToFront(frame);
+    else
+        refuseInput(frame);
 }
 
 /// Runs an action on an open workbook when the main thread comes to rest. A failure means that the

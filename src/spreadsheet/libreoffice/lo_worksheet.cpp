@@ -13,6 +13,7 @@
 #include <QCoreApplication>
 
 #include <com/sun/star/container/XNamed.hpp>
+#include <com/sun/star/lang/IllegalArgumentException.hpp>
 #include <com/sun/star/sheet/XSpreadsheetView.hpp>
 #include <com/sun/star/util/XProtectable.hpp>
 
@@ -85,7 +86,15 @@ void LoWorksheet::Protect()
 void LoWorksheet::Unprotect()
 {
     guarded([&] {
-        Reference<css::util::XProtectable>(m_sheet, UNO_QUERY_THROW)->unprotect(rtl::OUString());
+        try {
+            Reference<css::util::XProtectable>(m_sheet, UNO_QUERY_THROW)
+                ->unprotect(rtl::OUString());
+        } catch (const css::lang::IllegalArgumentException&) {
+            throw Error(errors::applicationError,
+                        QCoreApplication::translate("spreadsheet",
+                                                    "The sheet %1 is protected by a password.")
+                            .arg(m_name));
+        }
     });
 }
 

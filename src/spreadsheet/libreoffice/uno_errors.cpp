@@ -5,6 +5,7 @@
 #include "spreadsheet/libreoffice/uno_text.h"
 
 #include <QCoreApplication>
+#include <QRegularExpression>
 
 #include <com/sun/star/container/NoSuchElementException.hpp>
 #include <com/sun/star/lang/DisposedException.hpp>
@@ -14,6 +15,16 @@ namespace css = com::sun::star;
 using namespace Qt::StringLiterals;
 
 namespace ostrand::spreadsheet::libreoffice {
+namespace {
+
+/// What an exception says, without the place in the application's own source that it puts behind.
+QString wordsOf(const css::uno::Exception& exception)
+{
+    static const QRegularExpression place(uR"((^|\s)at \S+\.[ch]xx:\d+\s*$)"_s);
+    return qtText(exception.Message).remove(place).trimmed();
+}
+
+} // namespace
 
 void raiseAsError(int number)
 {
@@ -31,7 +42,7 @@ void raiseAsError(int number)
     } catch (const css::lang::IndexOutOfBoundsException&) {
         throw Error(errors::subscriptOutOfRange, text("Subscript out of range"));
     } catch (const css::uno::Exception& exception) {
-        const QString words = qtText(exception.Message).trimmed();
+        const QString words = wordsOf(exception);
         throw Error(number,
                     words.isEmpty() ? text("The spreadsheet application refused the command.")
                                     : words);

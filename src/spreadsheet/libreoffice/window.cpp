@@ -48,16 +48,26 @@ void banStatusBar(const Reference<css::frame::XFrame>& frame)
         events->addLayoutManagerEventListener(new StatusBarBan(layout));
 }
 
+void refuseInput(const Reference<css::frame::XFrame>& frame)
+{
+    frame->getContainerWindow()->setEnable(false);
+    frame->getComponentWindow()->setEnable(false);
+}
+
 void showWindow(const Reference<css::frame::XFrame>& frame, std::optional<bool> fillsScreen)
 {
     const Reference<css::awt::XWindow> window = frame->getContainerWindow();
     window->setVisible(true);
     const Reference<css::awt::XTopWindow2> top(window, css::uno::UNO_QUERY);
-    if (!top.is())
-        return;
-    if (fillsScreen)
+    if (top.is() && fillsScreen)
         top->setIsMaximized(*fillsScreen);
-    top->toFront();
+}
+
+void bringToFront(const Reference<css::frame::XFrame>& frame)
+{
+    const Reference<css::awt::XTopWindow> top(frame->getContainerWindow(), css::uno::UNO_QUERY);
+    if (top.is())
+        top->toFront();
 }
 
 void hideWindow(const Reference<css::frame::XFrame>& frame)

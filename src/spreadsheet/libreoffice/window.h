@@ -11,10 +11,14 @@ namespace ostrand::spreadsheet::libreoffice {
 /// window makes it when it shows for the first time.
 void banStatusBar(const com::sun::star::uno::Reference<com::sun::star::frame::XFrame>& frame);
 
-/// Shows a document's window in front. The window manager forgets of a hidden window whether it
+/// Has a document's window drop all that its user does there, closing it included.
+void refuseInput(const com::sun::star::uno::Reference<com::sun::star::frame::XFrame>& frame);
+
+/// Shows a document's window. The window manager forgets of a hidden window whether it
 /// filled the screen: `fillsScreen` says so, and nothing leaves its size alone.
 void showWindow(const com::sun::star::uno::Reference<com::sun::star::frame::XFrame>& frame,
                 std::optional<bool> fillsScreen);
+void bringToFront(const com::sun::star::uno::Reference<com::sun::star::frame::XFrame>& frame);
 void hideWindow(const com::sun::star::uno::Reference<com::sun::star::frame::XFrame>& frame);
 bool fillsScreen(const com::sun::star::uno::Reference<com::sun::star::frame::XFrame>& frame);
 
