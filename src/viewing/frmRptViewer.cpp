@@ -15,6 +15,7 @@
 #include <QScreen>
 #include <QSettings>
 #include <QShortcut>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 using ostrand::datasheets::currentFailure;
@@ -44,7 +45,10 @@ frmRptViewer::frmRptViewer(QWidget* parent)
     setWindowTitle(tr("Report Viewer"));
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setModal(true);
-    setMinimumSize(m_CRViewer1->minimumSizeHint());
+    // Its minimum follows the viewer's, which another report may change.
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_CRViewer1);
     const auto* help = new QShortcut(QKeySequence(u"F1"_s), this);
     connect(help, &QShortcut::activated, this, [this] {
         app::ShowHelpTopic(this, app::helpTopicManual(), true);
@@ -84,12 +88,6 @@ void frmRptViewer::load()
         toolkit::showFailure(
             toolkit::formB(tr("Error while loading report viewer. "), currentFailure()));
     }
-}
-
-void frmRptViewer::resizeEvent(QResizeEvent* event)
-{
-    QDialog::resizeEvent(event);
-    m_CRViewer1->setGeometry(rect());
 }
 
 /// A report lives as long as it is seen.

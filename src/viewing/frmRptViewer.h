@@ -23,7 +23,6 @@ public:
     void ShowInfo(int number);
 
 protected:
-    void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:

@@ -22,14 +22,22 @@ using ostrand::datasheets::currentFailure;
 namespace ostrand::viewing {
 namespace {
 
+const QString pdfSuffix = u".pdf"_s;
+
 /// The report's own name behind that of the project, in the project's folder.
-QString presetName(const QString& title, const QString& project)
+QString presetName(const QString& reportName, const QString& project)
 {
     static const QRegularExpression notInNames(u"[\\\\/:*?\"<>|]+"_s);
     const QFileInfo file(toolkit::filePath(project));
-    const QString name = file.completeBaseName() + u" - "_s + title;
+    const QString name = file.completeBaseName() + u" - "_s + reportName;
     return toolkit::joinPath(file.absolutePath(),
-                             QString(name).replace(notInNames, u" "_s) + u".pdf"_s);
+                             QString(name).replace(notInNames, u" "_s) + pdfSuffix);
+}
+
+/// A dot in the name that was typed does not make its rest an ending.
+QString withSuffix(const QString& path)
+{
+    return path.endsWith(pdfSuffix, Qt::CaseInsensitive) ? path : path + pdfSuffix;
 }
 
 bool isSameFile(const QString& path, const QString& other)
@@ -65,7 +73,7 @@ bool ReportOutput::finishPages()
 
 // ---- PDF
 
-QString ReportOutput::savePdf(const QString& title, const QString& project)
+QString ReportOutput::savePdf(const QString& reportName, const QString& project)
 {
     try {
         if (!finishPages())
@@ -73,12 +81,12 @@ QString ReportOutput::savePdf(const QString& title, const QString& project)
         const auto path =
             toolkit::promptHost().fileDialog({.title = tr("Save as PDF"),
                                               .filter = tr("PDF documents (*.pdf)|*.pdf"),
-                                              .fileName = presetName(title, project),
+                                              .fileName = presetName(reportName, project),
                                               .save = true,
                                               .suffix = u"pdf"_s});
         if (!path || path->isEmpty())
             return {};
-        return writePdf(*path, project);
+        return writePdf(withSuffix(*path), project);
     } catch (...) {
         toolkit::showFailure(toolkit::formB(tr("Error while saving report. "), currentFailure()));
         return {};

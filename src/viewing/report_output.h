@@ -34,9 +34,10 @@ public:
 
     /// Waits for the last page. False when the user cancels.
     bool finishPages();
-    /// These two tell in words what came of it; "" where nothing did. The title is that of the
-    /// report, the project the path of its file, and the page the one in sight, from 0.
-    QString savePdf(const QString& title, const QString& project);
+    /// These two tell in words what came of it; "" where nothing did. The name and the title are
+    /// those of the report, the project is the path of its file, and the page the one in sight,
+    /// from 0.
+    QString savePdf(const QString& reportName, const QString& project);
     QString print(const QString& title, int currentPage);
 
 private:

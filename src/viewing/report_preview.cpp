@@ -36,7 +36,7 @@ constexpr int shadowSteps = 4;
 constexpr int shadowAlpha = 22;
 constexpr int placeAlpha = 70;
 constexpr int currentPlaceAlpha = 130;
-constexpr double placeMargin = 1; ///< points
+constexpr QMarginsF placeMargins(1, 1, 1, 1); ///< points
 /// Kept free around a place that is looked for.
 constexpr QMarginsF placeRoom(24, 24, 24, 24);
 constexpr int leastHeight = 160;
@@ -338,19 +338,23 @@ void ReportPreview::paintPlaces(QPainter& painter, int page) const
     if (!m_search)
         return;
     const auto& current = m_search->current();
-    const std::vector<QRectF>& places = m_search->on(page);
-    for (std::size_t i = 0; i < places.size(); ++i) {
+    const std::vector<reports::Hit>& hits = m_search->on(page);
+    for (std::size_t i = 0; i < hits.size(); ++i) {
         const bool isCurrent =
             current && current->page == page && current->index == static_cast<int>(i);
-        QColor colour = palette().color(QPalette::Highlight);
-        colour.setAlpha(isCurrent ? currentPlaceAlpha : placeAlpha);
-        const QRectF shown =
-            inView(page, places[i].adjusted(-placeMargin, -placeMargin, placeMargin, placeMargin));
-        painter.fillRect(shown, colour);
-        if (isCurrent) {
-            painter.setPen(palette().color(QPalette::Highlight));
-            painter.drawRect(shown);
-        }
+        for (const QRectF& place : hits[i].places)
+            paintPlace(painter, inView(page, place.marginsAdded(placeMargins)), isCurrent);
+    }
+}
+
+void ReportPreview::paintPlace(QPainter& painter, const QRectF& place, bool isCurrent) const
+{
+    QColor colour = palette().color(QPalette::Highlight);
+    colour.setAlpha(isCurrent ? currentPlaceAlpha : placeAlpha);
+    painter.fillRect(place, colour);
+    if (isCurrent) {
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(place);
     }
 }
 
@@ -382,23 +386,33 @@ void ReportPreview::wheelEvent(QWheelEvent* event)
 void ReportPreview::keyPressEvent(QKeyEvent* event)
 {
     const bool withControl = event->modifiers().testFlag(Qt::ControlModifier);
+    const bool withShift = event->modifiers().testFlag(Qt::ShiftModifier);
     switch (event->key()) {
     case Qt::Key_PageUp:
     case Qt::Key_PageDown: {
-        const bool down = event->key() == Qt::Key_PageDown;
-        if (withControl || m_zoom.kind == Zoom::Kind::WholePage)
-            goToPage(m_current + (down ? 1 : -1));
+        const int step = event->key() == Qt::Key_PageDown ? 1 : -1;
+        if (withControl)
+            goToPage(m_current + step);
         else
-            verticalScrollBar()->triggerAction(down ? QScrollBar::SliderPageStepAdd
-                                                    : QScrollBar::SliderPageStepSub);
+            turn(step);
         return;
     }
     case Qt::Key_Space:
-        verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd);
+        turn(withShift ? -1 : 1);
         return;
     default:
         QAbstractScrollArea::keyPressEvent(event);
     }
+}
+
+/// By what is in sight: a whole page, or a screenful.
+void ReportPreview::turn(int step)
+{
+    if (m_zoom.kind == Zoom::Kind::WholePage)
+        goToPage(m_current + step);
+    else
+        verticalScrollBar()->triggerAction(step > 0 ? QScrollBar::SliderPageStepAdd
+                                                    : QScrollBar::SliderPageStepSub);
 }
 
 void ReportPreview::mousePressEvent(QMouseEvent* event)

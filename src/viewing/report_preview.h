@@ -87,8 +87,10 @@ private:
     void rescale(const std::optional<Anchor>& anchor);
     void updateBars();
     void follow(int page);
+    void turn(int step);
     void paintPage(QPainter& painter, int page, const QRect& exposed);
     void paintPlaces(QPainter& painter, int page) const;
+    void paintPlace(QPainter& painter, const QRectF& place, bool isCurrent) const;
     const QPixmap* picture(int page);
 
     const reports::Pages* m_pages = nullptr;

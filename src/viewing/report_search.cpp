@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "viewing/report_search.h"
 
-#include "viewing/reports/pages.h"
-
 #include <QElapsedTimer>
 
 #include <algorithm>
@@ -39,7 +37,7 @@ void ReportSearch::setText(const QString& text, int fromPage)
 void ReportSearch::startOver()
 {
     m_turns.stop();
-    m_places.clear();
+    m_hits.clear();
     m_current.reset();
     m_seek.reset();
     m_ahead = m_from;
@@ -74,11 +72,11 @@ bool ReportSearch::complete() const
     return m_pages && m_pages->complete() && m_read == pageCount();
 }
 
-const std::vector<QRectF>& ReportSearch::on(int page) const
+const std::vector<reports::Hit>& ReportSearch::on(int page) const
 {
-    static const std::vector<QRectF> none;
-    const auto place = static_cast<std::size_t>(page);
-    return place < m_places.size() && m_places[place] ? *m_places[place] : none;
+    static const std::vector<reports::Hit> none;
+    const auto at = static_cast<std::size_t>(page);
+    return at < m_hits.size() && m_hits[at] ? *m_hits[at] : none;
 }
 
 int ReportSearch::number() const
@@ -135,7 +133,7 @@ void ReportSearch::arrive(int page, int index)
 
 void ReportSearch::turn()
 {
-    m_places.resize(static_cast<std::size_t>(pageCount()));
+    m_hits.resize(static_cast<std::size_t>(pageCount()));
     QElapsedTimer clock;
     clock.start();
     bool more = true;
@@ -169,8 +167,8 @@ bool ReportSearch::seekOn()
     if (isOutside)
         m_seek->page = m_seek->step > 0 ? 0 : pages - 1;
     readPage(m_seek->page);
-    if (const auto& places = on(m_seek->page); !places.empty()) {
-        arrive(m_seek->page, m_seek->step > 0 ? 0 : static_cast<int>(places.size()) - 1);
+    if (const auto& hits = on(m_seek->page); !hits.empty()) {
+        arrive(m_seek->page, m_seek->step > 0 ? 0 : static_cast<int>(hits.size()) - 1);
     } else if (++m_seek->seen >= pages && m_pages->complete()) {
         m_seek.reset();
     } else {
@@ -182,7 +180,7 @@ bool ReportSearch::seekOn()
 int ReportSearch::nextUnread()
 {
     const auto firstUnread = [this](int& from, int end) {
-        while (from < end && m_places[static_cast<std::size_t>(from)])
+        while (from < end && m_hits[static_cast<std::size_t>(from)])
             ++from;
         return from < end;
     };
@@ -195,12 +193,12 @@ int ReportSearch::nextUnread()
 
 void ReportSearch::readPage(int page)
 {
-    auto& places = m_places[static_cast<std::size_t>(page)];
-    if (places)
+    auto& hits = m_hits[static_cast<std::size_t>(page)];
+    if (hits)
         return;
-    places = m_pages->find(page, m_text);
+    hits = m_pages->find(page, m_text);
     ++m_read;
-    m_count += static_cast<int>(places->size());
+    m_count += static_cast<int>(hits->size());
 }
 
 } // namespace ostrand::viewing

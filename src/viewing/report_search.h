@@ -2,20 +2,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "viewing/reports/pages.h"
+
 #include <QObject>
-#include <QRectF>
 #include <QTimer>
 
 #include <optional>
 #include <vector>
 
-namespace ostrand::viewing::reports {
-class Pages;
-} // namespace ostrand::viewing::reports
-
 namespace ostrand::viewing {
 
-/// A place of the text that is looked for.
+/// Which of the hits of the text that is looked for.
 struct Hit
 {
     int page = 0;  ///< from 0
@@ -33,6 +30,7 @@ public:
 
     /// Starts over on other pages; nullptr for none.
     void setPages(const reports::Pages* pages);
+    bool hasPages() const { return m_pages != nullptr; }
     /// More pages of the same report are there.
     void growPages();
 
@@ -43,7 +41,7 @@ public:
     void goNext();
     void goPrevious();
 
-    const std::vector<QRectF>& on(int page) const;
+    const std::vector<reports::Hit>& on(int page) const;
     const std::optional<Hit>& current() const { return m_current; }
     /// The number of the current place, from 1, and of all places, as far as they are known.
     int number() const;
@@ -84,7 +82,8 @@ private:
     int m_behind = 0; ///< no page below this one is unread
     int m_read = 0;
     int m_count = 0;
-    std::vector<std::optional<std::vector<QRectF>>> m_places; ///< by page; none for an unread one
+    std::vector<std::optional<std::vector<reports::Hit>>>
+        m_hits; ///< by page; none for an unread one
     std::optional<Hit> m_current;
     std::optional<Seek> m_seek;
     QTimer m_turns;

@@ -3,12 +3,13 @@
 #include "viewing/report_toolbar.h"
 
 #include "toolkit/named.h"
+#include "viewing/choice_box.h"
 #include "viewing/viewer_actions.h"
 #include "viewing/zoom_box.h"
 
 #include <QAction>
-#include <QComboBox>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
@@ -91,7 +92,6 @@ void ReportToolBar::addPaging()
     m_txtPage->setAlignment(Qt::AlignRight);
     m_txtPage->setFixedWidth(fontMetrics().averageCharWidth() * pageCharacters);
     m_lblPages->setTextFormat(Qt::PlainText);
-    m_lblPages->setAccessibleName(tr("Number of pages"));
     m_lblPages->setMinimumWidth(fontMetrics().horizontalAdvance(u" / 0000"_s));
     m_layout->addWidget(m_txtPage);
     m_layout->addWidget(m_lblPages);
@@ -107,6 +107,7 @@ void ReportToolBar::addPaging()
                     m_commands.lastPage);
     m_layout->addSpacing(groupGap);
     m_needPages.push_back(m_txtPage);
+    m_txtPage->installEventFilter(this);
     connect(m_txtPage, &QLineEdit::editingFinished, this, &ReportToolBar::takePage);
 }
 
@@ -129,13 +130,16 @@ void ReportToolBar::addZoom()
                                .keys = {key(u"Ctrl++"_s), key(u"Ctrl+="_s)}},
                               [this] { m_commands.zoomStep(true); }));
     m_layout->addSpacing(groupGap);
-    m_cmbForm = named(new QComboBox(this), u"cmbForm"_s);
+    m_cmbForm = named(new ChoiceBox(this), u"cmbForm"_s);
     m_cmbForm->setAccessibleName(tr("Form of the report"));
     m_cmbForm->setToolTip(tr("Form of the report"));
     m_cmbForm->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    m_cmbForm->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     m_layout->addWidget(m_cmbForm);
     connect(
         m_cmbForm, &QComboBox::activated, this, [this](int form) { m_commands.showForm(form); });
+    for (const ChoiceBox* box : {m_cmbForm, static_cast<ChoiceBox*>(m_cmbZoom)})
+        connect(box, &ChoiceBox::left, this, &ReportToolBar::left);
 }
 
 void ReportToolBar::setForms(const QStringList& forms)
@@ -153,11 +157,14 @@ void ReportToolBar::showForm(int form)
 void ReportToolBar::showPage(int page, int count, bool complete)
 {
     m_page = page;
+    m_count = count;
     // A number under way is not to be typed over.
     if (!m_txtPage->hasFocus() || !m_txtPage->isModified())
-        m_txtPage->setText(count ? QString::number(page + 1) : QString());
+        showPageText();
     const QString more = complete ? QString() : u"..."_s;
     m_lblPages->setText(u" / "_s + QString::number(count) + more);
+    m_lblPages->setAccessibleName(
+        (complete ? tr("Number of pages: %1") : tr("Number of pages so far: %1")).arg(count));
     for (QWidget* control : m_needPages)
         setUsable(control, count > 0);
     for (QToolButton* back : {m_cmdFirst, m_cmdPrevious})
@@ -180,10 +187,31 @@ void ReportToolBar::takePage()
         return;
     bool isNumber = false;
     const int page = m_txtPage->text().trimmed().toInt(&isNumber);
-    m_txtPage->setModified(false);
-    m_txtPage->setText(QString::number(m_page + 1));
+    showPageText();
     if (isNumber)
         m_commands.goToPage(page - 1);
+}
+
+bool ReportToolBar::revertPage()
+{
+    const bool wasTyped = m_txtPage->isModified();
+    showPageText();
+    return wasTyped;
+}
+
+void ReportToolBar::showPageText()
+{
+    m_txtPage->setText(m_count ? QString::number(m_page + 1) : QString());
+}
+
+/// In the page field, Esc drops a number under way before it closes anything.
+bool ReportToolBar::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Escape
+        || !revertPage())
+        return QWidget::eventFilter(watched, event);
+    Q_EMIT left();
+    return true;
 }
 
 } // namespace ostrand::viewing

@@ -8,7 +8,6 @@
 #include <functional>
 #include <vector>
 
-class QComboBox;
 class QHBoxLayout;
 class QLabel;
 class QLineEdit;
@@ -16,6 +15,7 @@ class QToolButton;
 
 namespace ostrand::viewing {
 
+class ChoiceBox;
 class ZoomBox;
 struct ViewerAction;
 
@@ -46,6 +46,13 @@ public:
     /// The current page, from 0, and how many there are so far, or in all.
     void showPage(int page, int count, bool complete);
 
+Q_SIGNALS:
+    /// The user is done with the field or box that he was in.
+    void left();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QToolButton* add(const ViewerAction& design, const std::function<void()>& handler);
     void addFiles();
@@ -53,19 +60,22 @@ private:
     void addZoom();
     static void setUsable(QWidget* control, bool isUsable);
     void takePage();
+    bool revertPage();
+    void showPageText();
 
     Commands m_commands;
     QHBoxLayout* m_layout;
     QLineEdit* m_txtPage = nullptr;
     QLabel* m_lblPages = nullptr;
     ZoomBox* m_cmbZoom = nullptr;
-    QComboBox* m_cmbForm = nullptr;
+    ChoiceBox* m_cmbForm = nullptr;
     std::vector<QWidget*> m_needPages; ///< controls that have no use without a page
     QToolButton* m_cmdFirst = nullptr;
     QToolButton* m_cmdPrevious = nullptr;
     QToolButton* m_cmdNext = nullptr;
     QToolButton* m_cmdLast = nullptr;
     int m_page = 0;
+    int m_count = 0;
 };
 
 } // namespace ostrand::viewing

@@ -11,6 +11,7 @@
 #include "viewing/report_search.h"
 #include "viewing/report_toolbar.h"
 #include "viewing/search_bar.h"
+#include "viewing/spoken_label.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -57,6 +58,7 @@ ReportViewer::ReportViewer(QWidget* parent)
     build();
     connectParts();
     addShortcuts();
+    say(QString());
 }
 
 ReportViewer::~ReportViewer() = default;
@@ -66,7 +68,6 @@ void ReportViewer::build()
     m_preview->setAccessibleName(tr("Pages of the report"));
     m_preview->setSearch(m_search);
     m_lblStatus->setTextFormat(Qt::PlainText);
-    m_lblStatus->setAccessibleName(tr("Status"));
     m_lblStatus->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_lblStatus->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_progress->setAccessibleName(tr("Progress"));
@@ -97,7 +98,9 @@ void ReportViewer::connectParts()
     connect(m_flow, &PageFlow::failed, this, &ReportViewer::layoutFailed);
     connect(m_search, &ReportSearch::arrived, this, &ReportViewer::showHit);
     connect(m_search, &ReportSearch::changed, m_preview, &ReportPreview::showPlaces);
-    connect(m_searchBar, &SearchBar::left, this, [this] { m_preview->setFocus(); });
+    const auto goToPages = [this] { m_preview->setFocus(); };
+    connect(m_searchBar, &SearchBar::left, this, goToPages);
+    connect(m_toolBar, &ReportToolBar::left, this, goToPages);
     connect(m_preview, &ReportPreview::currentPageChanged, this, &ReportViewer::showPageNumber);
     connect(m_preview, &ReportPreview::zoomChanged, this, &ReportViewer::showZoom);
     connect(&m_toolBar->zoomBox(), &ZoomBox::chosen, m_preview, &ReportPreview::setZoom);
@@ -158,11 +161,13 @@ void ReportViewer::readForm(std::size_t form)
     showPages();
 }
 
-/// The form before stays where the other one cannot be read.
+/// The form before stays where the other one cannot be read. Where there is none in sight, the
+/// same form is read again.
 void ReportViewer::chooseForm(int form)
 {
     const auto wanted = static_cast<std::size_t>(form);
-    if (!m_report || wanted >= m_report->size() || wanted == m_form)
+    const bool isShown = m_flow->pages() && wanted == m_form;
+    if (!m_report || wanted >= m_report->size() || isShown)
         return;
     try {
         const toolkit::BusyPointer hourglass;
@@ -226,7 +231,8 @@ bool ReportViewer::finishPages()
 
 void ReportViewer::showHit(const Hit& hit)
 {
-    m_preview->goToPlace(hit.page, m_search->on(hit.page).at(static_cast<std::size_t>(hit.index)));
+    const auto& found = m_search->on(hit.page).at(static_cast<std::size_t>(hit.index));
+    m_preview->goToPlace(hit.page, found.places.front());
 }
 
 // ---- commands
@@ -239,12 +245,13 @@ void ReportViewer::print()
 void ReportViewer::savePdf()
 {
     const reports::Description& form = m_report->at(m_form);
-    say(m_output.savePdf(form.title, form.source.location));
+    const QString name = m_report->size() > 1 ? form.title + u' ' + form.form : form.title;
+    say(m_output.savePdf(name, form.source.location));
 }
 
 void ReportViewer::say(const QString& text)
 {
-    m_lblStatus->setText(text);
+    showLabel(*m_lblStatus, tr("Status"), text);
     m_lblStatus->setToolTip(text);
 }
 

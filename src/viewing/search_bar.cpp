@@ -4,6 +4,7 @@
 
 #include "toolkit/named.h"
 #include "viewing/report_search.h"
+#include "viewing/spoken_label.h"
 #include "viewing/viewer_actions.h"
 
 #include <QHBoxLayout>
@@ -37,7 +38,6 @@ SearchBar::SearchBar(ReportSearch& search, std::function<int()> currentPage, QWi
     m_txtFind->setFixedWidth(fontMetrics().averageCharWidth() * fieldCharacters);
     m_txtFind->installEventFilter(this);
     m_lblFound->setTextFormat(Qt::PlainText);
-    m_lblFound->setAccessibleName(tr("Result of the search"));
 
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -63,6 +63,7 @@ SearchBar::SearchBar(ReportSearch& search, std::function<int()> currentPage, QWi
     connect(&m_typing, &QTimer::timeout, this, &SearchBar::lookForTyped);
     connect(m_txtFind, &QLineEdit::textChanged, &m_typing, qOverload<>(&QTimer::start));
     connect(&m_search, &ReportSearch::changed, this, &SearchBar::showState);
+    showState();
 }
 
 void SearchBar::start()
@@ -115,9 +116,9 @@ void SearchBar::showState()
         state = tr("%1 of %2 hits so far").arg(m_search.number()).arg(m_search.count());
     else if (m_search.complete() && !m_search.text().isEmpty())
         state = tr("Not found");
-    else if (!m_search.text().isEmpty())
+    else if (m_search.hasPages() && !m_search.text().isEmpty())
         state = tr("Searching...");
-    m_lblFound->setText(state);
+    showLabel(*m_lblFound, tr("Result of the search"), state);
 }
 
 /// In the field, Enter goes to the next place, and Esc ends the search before it closes anything.

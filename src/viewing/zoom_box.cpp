@@ -39,7 +39,7 @@ double nextZoom(double percent, bool larger)
 }
 
 ZoomBox::ZoomBox(QWidget* parent)
-    : QComboBox(parent)
+    : ChoiceBox(parent)
 {
     setEditable(true);
     setInsertPolicy(QComboBox::NoInsert);
@@ -52,6 +52,7 @@ ZoomBox::ZoomBox(QWidget* parent)
     setSizeAdjustPolicy(QComboBox::AdjustToContents);
     connect(this, &QComboBox::textActivated, this, &ZoomBox::take);
     connect(lineEdit(), &QLineEdit::editingFinished, this, [this] { take(currentText()); });
+    connect(lineEdit(), &QLineEdit::returnPressed, this, &ChoiceBox::left);
     showZoom({});
 }
 
@@ -66,6 +67,13 @@ void ZoomBox::showZoom(const Zoom& zoom)
     const QSignalBlocker quiet(this);
     setCurrentIndex(findText(text));
     setEditText(text);
+}
+
+bool ZoomBox::revert()
+{
+    const QString typed = currentText();
+    showZoom(m_shown);
+    return currentText() != typed;
 }
 
 /// What is no zoom gives way to the one that is shown.

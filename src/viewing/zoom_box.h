@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QComboBox>
+#include "viewing/choice_box.h"
 
 #include <optional>
 
@@ -26,7 +26,7 @@ struct Zoom
 double nextZoom(double percent, bool larger);
 
 /// Shows the zoom, and takes another from its list or by typing.
-class ZoomBox final : public QComboBox
+class ZoomBox final : public ChoiceBox
 {
     Q_OBJECT
 
@@ -37,6 +37,9 @@ public:
 
 Q_SIGNALS:
     void chosen(const ostrand::viewing::Zoom& zoom);
+
+protected:
+    bool revert() override;
 
 private:
     void take(const QString& text);

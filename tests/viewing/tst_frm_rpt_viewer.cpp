@@ -6,6 +6,7 @@
 #include "support/other_program.h"
 #include "viewing/report_desk.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QFile>
 #include <QSettings>
@@ -59,6 +60,8 @@ private Q_SLOTS:
     void aProjectThatCannotBeReadIsToldAndTheNextOneShows();
     void aProjectWithoutATableIsTold();
     void aProjectThatAnotherProgramHoldsIsTold();
+    void theSameFormIsReadAgainWhereNoneIsShown();
+    void aSearchWithoutPagesSaysNothing();
     void anEmptyProjectHasOnePage();
     void aProjectDeletedWhileItIsShownStaysInSight();
 
@@ -69,10 +72,13 @@ private Q_SLOTS:
     void aReportOfOneFormOffersNoChoice();
 
     void theViewerFillsTheWindow();
+    void theSmallestWindowHoldsAllControls_data();
+    void theSmallestWindowHoldsAllControls();
     void theWindowKeepsItsSizeBetweenRuns();
     void escClosesTheWindow();
     void f1AsksForTheManual();
     void everyControlHasAnAccessibleName();
+    void whatIsToldIsHeardToo();
     void theTabKeyVisitsEveryControl();
 
 private:
@@ -261,6 +267,44 @@ void TestFrmRptViewer::aProjectWithoutATableIsTold()
              qPrintable(told[0]));
 }
 
+void TestFrmRptViewer::theSameFormIsReadAgainWhereNoneIsShown()
+{
+    const QString away = m->program.path(u"away.mdb"_s);
+    QVERIFY(QFile::rename(m->project, away));
+    m->show(ReportDesk::instrumentIndex, [&] {
+        QCOMPARE(m->texts().size(), 1);
+        QCOMPARE(m->pages(), 0);
+        auto* forms = m->control<QComboBox>("cmbForm");
+        Q_EMIT forms->activated(0);
+        QCOMPARE(m->texts().size(), 1);
+        QVERIFY(QFile::rename(away, m->project));
+        Q_EMIT forms->activated(0);
+        QTRY_VERIFY(m->viewer().flow().complete());
+        QCOMPARE(m->page(), m->pageOf(1));
+        QCOMPARE(forms->currentText(), u"A3"_s);
+    });
+    QCOMPARE(m->texts(), QStringList());
+}
+
+void TestFrmRptViewer::aSearchWithoutPagesSaysNothing()
+{
+    const QString good = m->project;
+    const QString away = m->program.path(u"away.mdb"_s);
+    QVERIFY(QFile::rename(good, away));
+    m->show(ReportDesk::instrumentIndex, [&] {
+        m->type("txtFind", u"PIC-"_s);
+        m->key(Qt::Key_Return);
+        m->key(Qt::Key_F3);
+        QTest::qWait(20);
+        QCOMPARE(m->text("lblFound"), QString());
+        QVERIFY(QFile::rename(away, good));
+        Q_EMIT m->control<QComboBox>("cmbForm")->activated(0);
+        QTRY_VERIFY_WITH_TIMEOUT(m->search().complete(), 60000);
+        QVERIFY(m->text("lblFound").startsWith(u"1 of "_s));
+    });
+    QCOMPARE(m->texts().size(), 1);
+}
+
 void TestFrmRptViewer::anEmptyProjectHasOnePage()
 {
     m->open(m->program.emptyProject());
@@ -374,6 +418,44 @@ void TestFrmRptViewer::theViewerFillsTheWindow()
     });
 }
 
+void TestFrmRptViewer::theSmallestWindowHoldsAllControls_data()
+{
+    QTest::addColumn<int>("number");
+    QTest::newRow("without forms") << int(ReportDesk::alarmSummary);
+    QTest::newRow("short forms") << int(ReportDesk::instrumentIndex);
+    QTest::newRow("long forms") << int(ReportDesk::maintenance);
+}
+
+void TestFrmRptViewer::theSmallestWindowHoldsAllControls()
+{
+    QFETCH(const int, number);
+    m->showWhole(number, [this] {
+        m->find(u"PIC-"_s);
+        QCoreApplication::processEvents();
+        m->window->resize(1, 1);
+        QCoreApplication::processEvents();
+        for (const char* bar : {"ToolBar", "SearchBar"}) {
+            auto* owner = m->control<QWidget>(bar);
+            for (const QWidget* child : owner->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+                if (!child->isVisible())
+                    continue;
+                const QRect& place = child->geometry();
+                const auto* name = qPrintable(child->objectName());
+                QVERIFY2(owner->rect().contains(place), name);
+                QVERIFY2(place.width() >= child->minimumSizeHint().width(), name);
+                QVERIFY2(!qobject_cast<const QComboBox*>(child)
+                             || place.width() >= child->sizeHint().width(),
+                         name);
+                for (const QWidget* other :
+                     owner->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+                    QVERIFY2(other == child || !other->isVisible()
+                                 || !other->geometry().intersects(place),
+                             name);
+            }
+        }
+    });
+}
+
 void TestFrmRptViewer::theWindowKeepsItsSizeBetweenRuns()
 {
     m->show(ReportDesk::alarmSummary, [this] { m->window->resize(940, 610); });
@@ -417,6 +499,29 @@ void TestFrmRptViewer::everyControlHasAnAccessibleName()
             QVERIFY2(!child->accessibleName().isEmpty(), qPrintable(child->objectName()));
         }
         QVERIFY(seen >= 14);
+    });
+}
+
+void TestFrmRptViewer::whatIsToldIsHeardToo()
+{
+    const auto heard = [this](const char* label) {
+        return QAccessible::queryAccessibleInterface(m->control<QLabel>(label))
+            ->text(QAccessible::Name);
+    };
+    m->showWhole(ReportDesk::alarmSummary, [&] {
+        QCOMPARE(heard("lblPages"), u"Number of pages: %1"_s.arg(m->pages()));
+        QCOMPARE(heard("lblFound"), u"Result of the search"_s);
+        QCOMPARE(heard("lblStatus"), u"Status"_s);
+        m->find(u"no such text"_s);
+        QCOMPARE(heard("lblFound"), u"Result of the search: Not found"_s);
+        const QString pdf = m->program.path(u"out.pdf"_s);
+        m->program.prompts.files = {pdf};
+        m->press("cmdSavePdf");
+        QCOMPARE(heard("lblStatus"), u"Status: Saved as "_s + QDir::toNativeSeparators(pdf));
+    });
+    m->showSlow([&] {
+        QCOMPARE(heard("lblPages"), u"Number of pages so far: %1"_s.arg(m->pages()));
+        QCOMPARE(heard("lblStatus"), u"Status"_s);
     });
 }
 

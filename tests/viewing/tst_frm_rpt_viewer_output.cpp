@@ -51,6 +51,9 @@ private Q_SLOTS:
 
     void theReportIsSavedAsAPdfWithAllItsPages();
     void theDialogOffersANameOfTheProjectAndTheReport();
+    void theNameTellsTheFormOfAReportThatHasSeveral();
+    void aNameWithADotGetsTheEndingBeforeTheQuestion();
+    void anEndingInCapitalsStays();
     void savingCanBeCalledOffInTheDialog();
     void aFileThatExistsIsReplacedAfterAQuestion();
     void theProjectIsNotWrittenOver();
@@ -153,6 +156,46 @@ void TestFrmRptViewerOutput::theDialogOffersANameOfTheProjectAndTheReport()
              m->program.path(u"Plant - Controller and Alarm Summary.pdf"_s));
 }
 
+void TestFrmRptViewerOutput::theNameTellsTheFormOfAReportThatHasSeveral()
+{
+    m->showWhole(ReportDesk::instrumentIndex, [this] {
+        m->press("cmdSavePdf");
+        m->control<QComboBox>("cmbForm")->setFocus();
+        m->key(Qt::Key_Down);
+        m->press("cmdSavePdf");
+    });
+    QStringList names;
+    for (const toolkit::FileRequest& request : m->program.prompts.fileRequests)
+        names << QFileInfo(QDir::fromNativeSeparators(request.fileName)).fileName();
+    QCOMPARE(
+        names,
+        (QStringList{u"Plant - Instrument Index A3.pdf"_s, u"Plant - Instrument Index A4.pdf"_s}));
+}
+
+void TestFrmRptViewerOutput::aNameWithADotGetsTheEndingBeforeTheQuestion()
+{
+    const QString pdf = m->program.file(u"Index rev.2.pdf"_s, "old");
+    showWhole([&] {
+        m->program.prompts.answers = {toolkit::Answer::Yes};
+        save(m->program.path(u"Index rev.2"_s));
+        QCOMPARE(m->texts(),
+                 QStringList{u"The file "_s + QDir::toNativeSeparators(pdf)
+                             + u" exists already. Replace it?"_s});
+        QCOMPARE(pagesOf(pdf), m->pages());
+        QCOMPARE(m->text("lblStatus"), u"Saved as "_s + QDir::toNativeSeparators(pdf));
+        QVERIFY(!QFile::exists(m->program.path(u"Index rev.2"_s)));
+    });
+}
+
+void TestFrmRptViewerOutput::anEndingInCapitalsStays()
+{
+    showWhole([this] {
+        save(m->program.path(u"INDEX.PDF"_s));
+        QCOMPARE(pagesOf(m->program.path(u"INDEX.PDF"_s)), m->pages());
+        QVERIFY(!QFile::exists(m->program.path(u"INDEX.PDF.pdf"_s)));
+    });
+}
+
 void TestFrmRptViewerOutput::savingCanBeCalledOffInTheDialog()
 {
     showWhole([this] {
@@ -181,6 +224,7 @@ void TestFrmRptViewerOutput::aFileThatExistsIsReplacedAfterAQuestion()
 
 void TestFrmRptViewerOutput::theProjectIsNotWrittenOver()
 {
+    m->open(m->program.sampleProject(u"Plant.pdf"_s));
     showWhole([this] {
         m->program.prompts.answers = {toolkit::Answer::Yes};
         save(m->project);

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void theSearchFollowsTheTyping();
     void whatIsNotThereIsNotFound();
     void placesAreMarkedOnThePage();
+    void aHitInSeveralLinesIsMarkedInAllOfThem();
     void theSearchIsLiveWhilePagesAreLaidOut();
     void ctrlFPutsTheFieldInHand();
     void theSearchStaysWithAnotherForm();
@@ -359,7 +360,8 @@ void TestFrmRptViewerPages::aLargePageIsPaintedToo()
 {
     showWhole([this] {
         activate("cmbZoom", m->control<QComboBox>("cmbZoom")->findText(u"400 %"_s));
-        m->preview().goToPlace(0, m->viewer().flow().pages()->find(0, u"Instrument Index"_s).at(0));
+        m->preview().goToPlace(
+            0, m->viewer().flow().pages()->find(0, u"Instrument Index"_s).at(0).places.at(0));
         const QImage shown = picture();
         bool hasInk = false;
         for (int y = 0; y < shown.height() && !hasInk; ++y) {
@@ -400,7 +402,8 @@ void TestFrmRptViewerPages::theSearchGoesOnAndRoundTheEnd()
         QCOMPARE(m->text("lblFound"), u"1 of 2 hits"_s);
         const auto inSight = [this] {
             const viewing::Hit hit = m->search().current().value();
-            const QRectF place = m->search().on(hit.page).at(static_cast<std::size_t>(hit.index));
+            const QRectF place =
+                m->search().on(hit.page).at(static_cast<std::size_t>(hit.index)).places.at(0);
             QCOMPARE(m->preview().currentPage(), hit.page);
             QVERIFY(QRectF(m->preview().viewport()->rect())
                         .contains(m->preview().inView(hit.page, place)));
@@ -472,12 +475,37 @@ void TestFrmRptViewerPages::placesAreMarkedOnThePage()
         const QImage before = picture();
         m->find(u"Instrument Index"_s);
         const viewing::Hit hit = m->search().current().value();
-        const QRectF place = m->preview().inView(hit.page, m->search().on(hit.page).at(0));
+        const QRectF place =
+            m->preview().inView(hit.page, m->search().on(hit.page).at(0).places.at(0));
         const QPoint corner = place.topLeft().toPoint() + QPoint(1, 1);
         QVERIFY(picture().pixelColor(corner) != before.pixelColor(corner));
         QVERIFY(picture().pixelColor(corner).saturation() > 20);
         m->key(Qt::Key_Escape);
         QCOMPARE(picture().pixelColor(corner), before.pixelColor(corner));
+    });
+}
+
+void TestFrmRptViewerPages::aHitInSeveralLinesIsMarkedInAllOfThem()
+{
+    const QString text = u"ZALPHA BRAVO CHARLIE DELTA ECHO FOXTROT"_s;
+    ProgramFixture::execute(
+        m->project,
+        u"update [index] set Manufacturer = '"_s + text
+            + u"' where PlantItemNo in (select min(PlantItemNo) from [index])"_s);
+    showWhole([&] {
+        m->find(text);
+        QCOMPARE(m->text("lblFound"), u"1 of 1 hits"_s);
+        const viewing::Hit hit = m->search().current().value();
+        const auto places = m->search().on(hit.page).at(0).places;
+        QVERIFY(places.size() > 1);
+        const QImage marked = picture();
+        m->key(Qt::Key_Escape);
+        const QImage plain = picture();
+        for (const QRectF& place : places) {
+            const QRect shown = m->preview().inView(hit.page, place).toRect();
+            QVERIFY(m->preview().viewport()->rect().contains(shown));
+            QVERIFY(marked.pixelColor(shown.topLeft()) != plain.pixelColor(shown.topLeft()));
+        }
     });
 }
 

@@ -51,13 +51,12 @@ private slots:
     void leavesNoHeadingAloneAtTheBottom();
     void beginsAPageWithAGroupThatAsksForIt();
     void continuesARowHigherThanAPage();
+    void splitsNoRowThatAPageHasRoomFor();
     void numbersPages();
     void sumsUpGroupsOnTheLastPage();
     void continuesTotalsOnAFurtherPage();
     void isTheSameLaidOutBitByBit();
     void saysThatThereIsNothing();
-    void showsTheLastRevisionsOnTheFirstPage();
-    void cutsWhatTheHeaderHasNoRoomFor();
     void printsOneRowAPageAsACard();
     void printsTiedRowsUnderTheirRow();
     void marksWarnings();
@@ -174,6 +173,41 @@ void ReportPagesTest::continuesARowHigherThanAPage()
     QCOMPARE(found, remarks);
 }
 
+/// The revisions leave less room on the first page than others have.
+void ReportPagesTest::splitsNoRowThatAPageHasRoomFor()
+{
+    const auto firstPageOf = [](int lineCount) {
+        MadeReport made;
+        made.data.subreports[revisionBlock][QString()] = {
+            MadeReport::row({u"RevNo"_s, u"Description"_s}, {u"A"_s, u"issue"_s})};
+        QStringList remarks;
+        for (int i = 0; i < lineCount; ++i)
+            remarks << u"remark %1"_s.arg(i);
+        made.add(u"T-1"_s, {}, remarks.join(u'\n'));
+        const auto layout = made.layOut();
+        const QStringList first = texts(*layout, 0);
+        const qsizetype shown = first.filter(u"remark "_s).size();
+        if (shown == 0) {
+            if (first.contains(u"TAG"_s) || !first.contains(u"DESCRIPTION"_s)
+                || first.contains(headHeading))
+                return -1;
+            const QStringList second = texts(*layout, 1);
+            if (second.contains(u"(continued)"_s) || !second.contains(u"TAG"_s))
+                return -2;
+            return second.filter(u"remark "_s).size() == lineCount ? 2 : -3;
+        }
+        return shown == lineCount ? 1 : 0;
+    };
+    // From a row that fits the first page to one that fits none.
+    std::vector<int> kinds;
+    for (int count = 20; count < 60; ++count) {
+        const int kind = firstPageOf(count);
+        if (kinds.empty() || kinds.back() != kind)
+            kinds.push_back(kind);
+    }
+    QCOMPARE(kinds, std::vector<int>({1, 2, 0}));
+}
+
 void ReportPagesTest::numbersPages()
 {
     MadeReport made;
@@ -277,66 +311,6 @@ void ReportPagesTest::saysThatThereIsNothing()
     QVERIFY(page.contains(u"Filter: all tags"_s));
     QVERIFY(page.contains(u"made.mdb"_s));
     QVERIFY(!page.contains(u"Totals"_s));
-}
-
-void ReportPagesTest::showsTheLastRevisionsOnTheFirstPage()
-{
-    MadeReport made;
-    made.addRows(100);
-    const QStringList names{
-        u"RevNo"_s, u"Date"_s, u"Description"_s, u"createdBy"_s, u"checkedBy"_s, u"approvedBy"_s};
-    std::vector<Row> revisions;
-    for (const QString& number : {u"A"_s, u"1"_s, u"B"_s, u"0"_s, u"2"_s}) {
-        const int day = int(QStringLiteral("AB012").indexOf(number)) + 10;
-        revisions.push_back(MadeReport::row(names,
-                                            {number,
-                                             u"2026-01-%1"_s.arg(day),
-                                             u"issue "_s + number,
-                                             u"me"_s,
-                                             u"you"_s,
-                                             u"they"_s}));
-    }
-    made.data.subreports[revisionBlock][QString()] = revisions;
-    const auto layout = made.layOut();
-    const QStringList first = texts(*layout, 0);
-    const QStringList expected{
-        u"NO"_s,      u"DATE"_s, u"DESCRIPTION"_s, u"BY"_s,         u"CHK"_s,
-        u"APPR"_s,    u"2"_s,    u"2026-01-14"_s,  u"issue 2"_s,    u"me"_s,
-        u"you"_s,     u"they"_s, u"1"_s,           u"2026-01-13"_s, u"issue 1"_s,
-        u"me"_s,      u"you"_s,  u"they"_s,        u"0"_s,          u"2026-01-12"_s,
-        u"issue 0"_s, u"me"_s,   u"you"_s,         u"they"_s,       u"Earlier revisions: 2"_s};
-    const qsizetype start = first.indexOf(u"NO"_s);
-    QVERIFY(start > 0);
-    QCOMPARE(first.sliced(start, expected.size()), expected);
-    QVERIFY(!texts(*layout, 1).contains(u"DESCRIPTION"_s));
-    // No row reaches into the block.
-    int top = 0;
-    int lowest = 0;
-    for (const RecordedSheet::Line& line : lines(*layout, 0)) {
-        if (line.text == u"NO")
-            top = line.corner.y();
-        if (line.text.startsWith(u"part "))
-            lowest = std::max(lowest, line.corner.y() + line.face->lineHeight());
-    }
-    QVERIFY(lowest > 0 && lowest < top);
-}
-
-void ReportPagesTest::cutsWhatTheHeaderHasNoRoomFor()
-{
-    MadeReport made;
-    made.add(u"T-1"_s, {});
-    const QString plant = u"Plant "_s + QString(10000, u'x');
-    made.data.subreports[headerBlock][QString()] = {
-        MadeReport::row({u"plant"_s, u"company"_s, u"contract"_s, u"location"_s},
-                        {plant, QString(10000, u'W'), u"HGC-1"_s, u"first\r\nsecond"_s})};
-    const auto layout = made.layOut();
-    const QStringList page = texts(*layout, 0);
-    QVERIFY(page.contains(u"HGC-1"_s));
-    const QString shown = QString(page.filter(u"Plant"_s).at(1)).replace(QChar::Nbsp, u' ');
-    QVERIFY(shown.startsWith(u"Plant xx") && shown.endsWith(u'\u2026'));
-    for (const RecordedSheet::Line& line : lines(*layout, 0))
-        QVERIFY(line.corner.x() + line.face->width(line.text)
-                <= sheetSize(made.report->paper).width() - pageMargin);
 }
 
 void ReportPagesTest::printsOneRowAPageAsACard()

@@ -65,6 +65,9 @@ private slots:
     void cutsWithAnEllipsis();
     void keepsHostileTextsInTheirColumn_data();
     void keepsHostileTextsInTheirColumn();
+    void joinsLinesThatFitBeforeItCuts();
+    void beginsRightToLeftTextsAtTheRight();
+    void keepsJoinedRightToLeftTextsBesideTheirCaption();
     void findsTextsWhereTheyStand();
     void findsTextsOverLineBreaks();
     void showsTheLogoInItsProportions();
@@ -163,6 +166,56 @@ void ReportTextsTest::keepsHostileTextsInTheirColumn()
     }
 }
 
+void ReportTextsTest::joinsLinesThatFitBeforeItCuts()
+{
+    const Typeface face(7.5, false);
+    QCOMPARE(TextBlock::cut(u"North\r\nof river"_s, face, 10000).text(), u"North of river"_s);
+    QCOMPARE(linesOf(TextBlock::cut(u"one\ntwo\nthree"_s, face, 10000, 2)),
+             QStringList({u"one"_s, u"two three"_s}));
+    const int width = face.width(u"North of");
+    QVERIFY(TextBlock::cut(u"North\nof river"_s, face, width).text().endsWith(u'\u2026'));
+    MadeReport made;
+    made.add(u"T-1"_s, {}, {}, u"North\r\nof river"_s);
+    const QStringList page = texts(*made.layOut(), 0);
+    QCOMPARE(page.count(u"Area: North of river"_s), 2); // heading and totals
+    QVERIFY(page.filter(u"\u2026"_s).isEmpty());
+}
+
+void ReportTextsTest::beginsRightToLeftTextsAtTheRight()
+{
+    const Typeface face(7.5, false);
+    constexpr int width = 2000;
+    const QString arabic = u"\u0645\u0631\u0633\u0644 \u062a\u062f\u0641\u0642"_s;
+    const TextBlock block(u"flow\n"_s + arabic, face, width);
+    QCOMPARE(block.lineStart(0, 0).x(), 0);
+    QVERIFY(qAbs(block.lineStart(1, 0).x() + block.usedWidth() - width) < 5);
+    const std::vector<QRect> places = block.places(5, arabic.size(), 0, 2);
+    QCOMPARE(places.size(), 1U);
+    QVERIFY(qAbs(places[0].x() + places[0].width() - width) < 5);
+    // Far Eastern texts run to the right.
+    QCOMPARE(TextBlock(u"流量变送器"_s, face, width).lineStart(0, 0).x(), 0);
+    QVERIFY(TextBlock(arabic, face, width).narrowed().lineStart(0, 0).x() < 5);
+    QCOMPARE(TextBlock(arabic, face, width).narrowed().lineCount(), 1);
+}
+
+void ReportTextsTest::keepsJoinedRightToLeftTextsBesideTheirCaption()
+{
+    MadeReport made;
+    const auto under = [](const QString& caption, const QString& field) {
+        return Under{caption, {}, {{.caption = {}, .width = 1, .field = field}}, true};
+    };
+    made.report->under = {under(u"First"_s, u"Service"_s), under(u"Second"_s, u"Remarks"_s)};
+    made.report->columns = {{.caption = u"TAG"_s, .width = 40, .field = u"Tag"_s}};
+    const QString arabic = u"\u0645\u0631\u0633\u0644"_s;
+    made.add(u"T-1"_s, arabic, u"remark"_s);
+    Pages pages(made.report, made.data);
+    pages.layOutAll();
+    const auto place = [&](const QString& text) { return pages.find(0, text).at(0).places.at(0); };
+    QVERIFY(place(u"First"_s).right() < place(arabic).left());
+    QVERIFY(place(arabic).right() < place(u"Second"_s).left());
+    QCOMPARE(place(arabic).top(), place(u"Second"_s).top());
+}
+
 void ReportTextsTest::findsTextsWhereTheyStand()
 {
     MadeReport made;
@@ -177,10 +230,11 @@ void ReportTextsTest::findsTextsWhereTheyStand()
     QCOMPARE(pages.find(0, {}).size(), 0U);
     QCOMPARE(pages.find(0, u"nowhere"_s).size(), 0U);
     QCOMPARE(pages.find(1, u"flow"_s).size(), 0U);
-    const std::vector<QRectF> places = pages.find(0, u"T-3"_s);
-    QCOMPARE(places.size(), 1U);
+    const std::vector<Hit> hits = pages.find(0, u"T-3"_s);
+    QCOMPARE(hits.size(), 1U);
+    QCOMPARE(hits[0].places.size(), 1U);
     const QImage picture = painted(pages, 0, 2);
-    const QRectF place = places[0];
+    const QRectF place = hits[0].places[0];
     int dark = 0;
     for (int y = int(place.top() * 2); y < int(place.bottom() * 2); ++y) {
         for (int x = int(place.left() * 2); x < int(place.right() * 2); ++x)
@@ -188,9 +242,10 @@ void ReportTextsTest::findsTextsWhereTheyStand()
     }
     QVERIFY(dark > 10);
     // In reading order.
-    const std::vector<QRectF> flows = pages.find(0, u"flow"_s);
-    QVERIFY(flows[0].top() == flows[1].top() && flows[0].right() < flows[1].left());
-    QVERIFY(flows[1].top() < flows[2].top());
+    const std::vector<Hit> flows = pages.find(0, u"flow"_s);
+    const auto flow = [&](std::size_t number) { return flows[number].places[0]; };
+    QVERIFY(flow(0).top() == flow(1).top() && flow(0).right() < flow(1).left());
+    QVERIFY(flow(1).top() < flow(2).top());
 }
 
 void ReportTextsTest::findsTextsOverLineBreaks()
@@ -200,11 +255,19 @@ void ReportTextsTest::findsTextsOverLineBreaks()
     made.add(u"T-2"_s, u"流量变送器"_s.repeated(30) + u"终"_s);
     Pages pages(made.report, made.data);
     pages.layOutAll();
-    const std::vector<QRectF> broken = pages.find(0, u"one two"_s);
+    const std::vector<Hit> broken = pages.find(0, u"one two"_s);
     QCOMPARE(broken.size(), 1U);
-    const std::vector<QRectF> single = pages.find(0, u"one"_s);
-    QVERIFY(broken[0].height() > 1.5 * single[0].height());
+    const std::vector<QRectF> each{pages.find(0, u"one"_s)[0].places[0],
+                                   pages.find(0, u"two"_s)[0].places[0]};
+    QCOMPARE(broken[0].places, each);
+    QVERIFY(each[0].bottom() <= each[1].top());
     QCOMPARE(pages.find(0, u"words last"_s).size(), 1U);
+    // A text that fills lines is marked line by line, no further than its letters reach.
+    const std::vector<Hit> many = pages.find(0, u"words "_s.repeated(20) + u"last"_s);
+    QCOMPARE(many.size(), 1U);
+    QVERIFY(many[0].places.size() > 1U);
+    for (const QRectF& line : many[0].places)
+        QCOMPARE(line.height(), each[0].height());
     QCOMPARE(pages.find(0, u"变送器终"_s).size(), 1U);
     QCOMPARE(pages.find(0, u"流量"_s).size(), 30U);
 }

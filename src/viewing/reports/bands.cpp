@@ -33,7 +33,7 @@ void showBand(Sheet& sheet, const Band& band, QPoint at, int first, int end)
         const QPoint corner = at + QPoint(cell.x, top);
         sheet.text(cell.text, corner, first, end);
         if (cell.warned && first == 0) {
-            const QRect mark = cell.text.place(0, 1, 0, 1).translated(corner);
+            const QRect mark = cell.text.places(0, 1, 0, 1).front().translated(corner);
             constexpr int wider = fromPoints(2.2);
             sheet.warning(mark.adjusted(-wider, -wider / 8, wider, -wider / 4));
         }

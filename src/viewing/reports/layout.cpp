@@ -47,6 +47,17 @@ int Layout::room() const
     return m_frame.bodyEnd(static_cast<int>(m_pages.size()) - 1) - m_y;
 }
 
+int Layout::wholeRoom() const
+{
+    return m_frame.bodyEnd(1) - PageFrame::bodyTop() - m_heads.height();
+}
+
+void Layout::leavePage()
+{
+    page().heads = false;
+    addPage(true);
+}
+
 void Layout::put(Item item, int height)
 {
     item.top = m_y;
@@ -117,8 +128,12 @@ void Layout::putRow(int row, const Block& block, int firstNewGroup)
     // Groups that go on are repeated on a fresh page; new ones are headed wherever they begin.
     const int headed = hasRows() ? firstNewGroup : 0;
     const int needed = (groups - headed) * groupHeight() + block.height();
-    if (hasRows() && needed > room())
-        addPage(true);
+    if (needed > room()) {
+        if (hasRows())
+            addPage(true);
+        else if (needed <= wholeRoom())
+            leavePage();
+    }
     if (!hasRows())
         putGroups(row, 0, firstNewGroup, true);
     putGroups(row, firstNewGroup, groups, false);

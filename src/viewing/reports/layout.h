@@ -52,6 +52,10 @@ private:
     void addPage(bool heads);
     Page& page() { return m_pages.back(); }
     int room() const;
+    /// The room for rows on a page without the revision block.
+    int wholeRoom() const;
+    /// Goes on to the next page where a row finds no room although there is none yet.
+    void leavePage();
     void put(Item item, int height);
     void putGroups(int row, int first, int end, bool continued);
     void putRow(int row, const Block& block, int firstNewGroup);

@@ -4,6 +4,7 @@
 
 #include "viewing/reports/description.h"
 #include "viewing/reports/report_data.h"
+#include "viewing/reports/revision_block.h"
 #include "viewing/reports/typeface.h"
 
 #include <QImage>
@@ -33,16 +34,14 @@ private:
     void showLogo(Sheet& sheet, QRect place) const;
     void showTitle(Sheet& sheet, QRect place) const;
     void showProject(Sheet& sheet, QRect place, int page, std::optional<int> count) const;
-    void showRevisions(Sheet& sheet) const;
-    int revisionsHeight() const;
+    bool hasRevisions() const { return m_revisions.height() > 0; }
     QString headerText(const QString& field) const;
 
     const Description& m_report;
     const Typefaces& m_faces;
     QSize m_size;
     std::optional<Row> m_header;
-    std::vector<Row> m_revisions; ///< the last ones, the newest first
-    int m_older = 0;              ///< revisions that are not shown
+    RevisionBlock m_revisions;
     QString m_logoFile;
     mutable std::optional<QImage> m_logo; ///< read when first shown
     QString m_date;

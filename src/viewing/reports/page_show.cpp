@@ -72,7 +72,7 @@ void Layout::showGroup(Sheet& sheet, const Item& item) const
                 : m_composer.name(row);
     const TextBlock mark(item.continued ? tr("(continued)") : QString(), face, m_width);
     const TextBlock text =
-        TextBlock::cut(label, face, m_width - x - 3 * padding - mark.usedWidth());
+        TextBlock::cut(label, face, m_width - x - 3 * padding - mark.usedWidth()).narrowed();
     const int top = item.top + (item.height - face.lineHeight()) / 2;
     if (isGroup)
         sheet.fill({pageMargin, item.top, m_width, item.height}, Shade::Light);

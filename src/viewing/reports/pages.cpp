@@ -75,7 +75,7 @@ void Pages::draw(QPainter& painter, int page) const
     painter.restore();
 }
 
-std::vector<QRectF> Pages::find(int page, const QString& text) const
+std::vector<Hit> Pages::find(int page, const QString& text) const
 {
     if (page < 0 || page >= count())
         return {};

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "viewing/reports/description.h"
+#include "viewing/reports/hit.h"
 #include "viewing/reports/report_data.h"
 
 #include <QPageLayout>
-#include <QRectF>
 
 #include <memory>
 
@@ -41,8 +41,8 @@ public:
     /// Paints a page, counted from 0. "Page n of m" lacks its m until all pages are there.
     void draw(QPainter& painter, int page) const;
 
-    /// The places of a text on a page in reading order, in any case; "" is nowhere.
-    std::vector<QRectF> find(int page, const QString& text) const;
+    /// Where a text stands on a page in reading order, in any case; "" is nowhere.
+    std::vector<Hit> find(int page, const QString& text) const;
 
 private:
     std::unique_ptr<Layout> m_layout;

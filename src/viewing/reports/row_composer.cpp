@@ -183,7 +183,12 @@ void RowComposer::addJoined(Block& block, Flow& flow, const Under& under, const 
         if (m_framed)
             flow.band->edges = {0, m_width};
     }
-    flow.x = cell.text.lineCount() > 1 ? m_width : cell.x + cell.text.usedWidth() + underGap;
+    if (cell.text.lineCount() > 1) {
+        flow.x = m_width;
+    } else {
+        flow.x = cell.x + cell.text.usedWidth() + underGap;
+        cell.text = cell.text.narrowed();
+    }
     if (!under.caption.isEmpty())
         flow.band->add(std::move(head));
     flow.band->add(std::move(cell));

@@ -91,10 +91,16 @@ void SearchedSheet::text(const TextBlock& block, QPoint at, int first, int end)
     const QString all = blanksOnly(block.text());
     qsizetype start = all.indexOf(m_wanted, 0, Qt::CaseInsensitive);
     while (start >= 0) {
-        const QRect place = block.place(start, m_wanted.size(), first, end).translated(at);
-        if (!place.isEmpty())
-            m_hits.emplace_back(QPointF(place.topLeft()) / unitsPerPoint,
-                                QSizeF(place.size()) / unitsPerPoint);
+        Hit hit;
+        for (const QRect& line : block.places(start, m_wanted.size(), first, end)) {
+            const QRect place = line.translated(at);
+            if (place.isEmpty())
+                continue;
+            hit.places.emplace_back(QPointF(place.topLeft()) / unitsPerPoint,
+                                    QSizeF(place.size()) / unitsPerPoint);
+        }
+        if (!hit.places.empty())
+            m_hits.push_back(std::move(hit));
         start = all.indexOf(m_wanted, start + m_wanted.size(), Qt::CaseInsensitive);
     }
 }

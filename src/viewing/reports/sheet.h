@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "viewing/reports/hit.h"
 #include "viewing/reports/text_block.h"
 
 #include <QImage>
 #include <QLine>
-#include <QRectF>
 
 #include <vector>
 
@@ -75,12 +75,11 @@ public:
     using Sheet::text;
     void text(const TextBlock& block, QPoint at, int first, int end) override;
 
-    /// In points.
-    std::vector<QRectF> takeHits() { return std::move(m_hits); }
+    std::vector<Hit> takeHits() { return std::move(m_hits); }
 
 private:
     QString m_wanted;
-    std::vector<QRectF> m_hits;
+    std::vector<Hit> m_hits;
 };
 
 } // namespace ostrand::viewing::reports

@@ -82,9 +82,14 @@ TextBlock::cut(const QString& text, const Typeface& face, int width, int mostLin
         return block;
     const int last = std::min(mostLines, block.lineCount()) - 1;
     const qsizetype start = last < 0 ? 0 : block.m_lines[static_cast<std::size_t>(last)].start;
-    // The last line takes what fits into it, also a part of a word.
     const QString head = block.m_text.left(start);
     QString tail = block.m_text.sliced(start);
+    if (!tooLong && tail.contains(u'\n')) {
+        TextBlock joined(head + QString(tail).replace(u'\n', u' '), face, width, align);
+        if (joined.lineCount() <= mostLines)
+            return joined;
+    }
+    // The last line takes what fits into it, also a part of a word.
     for (QChar& character : tail) {
         if (character == u' ' || character == u'\n')
             character = QChar::Nbsp;
@@ -156,9 +161,12 @@ void TextBlock::breakShaped(QStringView paragraph, qsizetype start)
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     option.setUseDesignMetrics(true);
-    option.setAlignment(m_align == Align::Left    ? Qt::AlignLeft
-                        : m_align == Align::Right ? Qt::AlignRight | Qt::AlignAbsolute
-                                                  : Qt::AlignHCenter);
+    // Text that runs to the left begins at the right edge.
+    const bool toRight =
+        m_align == Align::Right || (m_align == Align::Left && paragraph.isRightToLeft());
+    option.setAlignment(m_align == Align::Centre ? Qt::AlignHCenter
+                        : toRight                ? Qt::AlignRight | Qt::AlignAbsolute
+                                                 : Qt::AlignLeft | Qt::AlignAbsolute);
     layout->setTextOption(option);
     layout->setCacheEnabled(true);
     layout->beginLayout();
@@ -191,9 +199,17 @@ int TextBlock::lineWidth(const Line& line) const
 {
     if (line.layout < 0)
         return plainWidth(line);
-    const QTextLine shaped =
-        m_shaped[static_cast<std::size_t>(line.layout)].layout->lineAt(line.number);
-    return static_cast<int>(std::ceil(shaped.naturalTextWidth()));
+    return static_cast<int>(std::ceil(shapedLine(line).naturalTextWidth()));
+}
+
+QTextLine TextBlock::shapedLine(const Line& line) const
+{
+    return m_shaped[static_cast<std::size_t>(line.layout)].layout->lineAt(line.number);
+}
+
+TextBlock TextBlock::narrowed() const
+{
+    return m_shaped.empty() ? *this : TextBlock(m_text, *m_face, usedWidth(), m_align);
 }
 
 QStringView TextBlock::lineText(int line) const
@@ -204,8 +220,9 @@ QStringView TextBlock::lineText(int line) const
 
 QPoint TextBlock::lineStart(int line, int first) const
 {
-    const int indent =
-        m_align == Align::Left ? 0 : offset(lineWidth(m_lines[static_cast<std::size_t>(line)]));
+    const Line& place = m_lines[static_cast<std::size_t>(line)];
+    const int indent = place.layout < 0 ? offset(m_align == Align::Left ? 0 : plainWidth(place))
+                                        : qRound(shapedLine(place).naturalTextRect().x());
     return {indent, (line - first) * m_face->lineHeight()};
 }
 
@@ -251,8 +268,7 @@ void TextBlock::paintPlain(QPainter& painter, QPoint at, const Line& line) const
 
 void TextBlock::paintShaped(QPainter& painter, QPoint at, const Line& line) const
 {
-    const QTextLine shaped =
-        m_shaped[static_cast<std::size_t>(line.layout)].layout->lineAt(line.number);
+    const QTextLine shaped = shapedLine(line);
     shaped.draw(&painter, QPointF(at) - QPointF(0, shaped.ascent()) - QPointF(0, shaped.y()));
 }
 
@@ -265,21 +281,22 @@ QRect TextBlock::linePlace(const Line& line, qsizetype start, qsizetype end) con
         return {left, 0, m_face->width(text.sliced(start, end - start)), m_face->lineHeight()};
     }
     const Paragraph& paragraph = m_shaped[static_cast<std::size_t>(line.layout)];
-    const QTextLine shaped = paragraph.layout->lineAt(line.number);
+    const QTextLine shaped = shapedLine(line);
     const int from = static_cast<int>(shaped.cursorToX(static_cast<int>(start - paragraph.start)));
     const int to = static_cast<int>(shaped.cursorToX(static_cast<int>(end - paragraph.start)));
     return {std::min(from, to), 0, std::abs(to - from), m_face->lineHeight()};
 }
 
-QRect TextBlock::place(qsizetype start, qsizetype length, int first, int end) const
+std::vector<QRect> TextBlock::places(qsizetype start, qsizetype length, int first, int end) const
 {
-    QRect all;
+    std::vector<QRect> all;
     for (int i = first; i < std::min(end, lineCount()); ++i) {
         const Line& line = m_lines[static_cast<std::size_t>(i)];
         const qsizetype from = std::max(start, line.start);
         const qsizetype to = std::min(start + length, line.start + line.length);
         if (from < to)
-            all |= linePlace(line, from, to).translated(0, (i - first) * m_face->lineHeight());
+            all.push_back(
+                linePlace(line, from, to).translated(0, (i - first) * m_face->lineHeight()));
     }
     return all;
 }

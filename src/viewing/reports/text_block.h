@@ -10,6 +10,7 @@
 
 class QPainter;
 class QTextLayout;
+class QTextLine;
 
 namespace ostrand::viewing::reports {
 
@@ -40,12 +41,14 @@ public:
     int height() const { return lineCount() * lineHeight(); }
     /// How far the longest line reaches.
     int usedWidth() const;
+    /// The same without the room beside its longest line, on whichever side that is.
+    TextBlock narrowed() const;
 
     /// Paints the lines from `first` to before `end`, the first one's upper left corner at `at`.
     void paint(QPainter& painter, QPoint at, int first, int end) const;
-    /// The place that characters take, with the upper left corner of line `first` at (0, 0);
-    /// empty when none of them stands on these lines.
-    QRect place(qsizetype start, qsizetype length, int first, int end) const;
+    /// The places that characters take, one for each of these lines that has some of them; with
+    /// the upper left corner of line `first` at (0, 0).
+    std::vector<QRect> places(qsizetype start, qsizetype length, int first, int end) const;
 
 private:
     struct Line
@@ -64,6 +67,7 @@ private:
     void breakPlain(QStringView paragraph, qsizetype start);
     void breakShaped(QStringView paragraph, qsizetype start);
     int plainWidth(const Line& line) const;
+    QTextLine shapedLine(const Line& line) const;
     int lineWidth(const Line& line) const;
     int offset(int lineWidth) const;
     void paintPlain(QPainter& painter, QPoint at, const Line& line) const;

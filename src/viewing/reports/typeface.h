@@ -64,6 +64,8 @@ struct Typefaces
     Typeface small{6.5, false};
     Typeface group{9, true};
     Typeface title{14, true};
+    /// For what is too wide in bold letters of the usual size, the smallest last.
+    std::vector<Typeface> smaller{{7, true}, {6.5, true}, {6, true}, {5.5, true}};
 };
 
 } // namespace ostrand::viewing::reports
