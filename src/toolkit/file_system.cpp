@@ -79,6 +79,13 @@ void openForSaving(QSaveFile& file)
     throw Error(fileErrors::permissionDenied, u"Permission denied"_s);
 }
 
+/// Committing alone does not mind when the last bytes are refused.
+void commit(QSaveFile& file)
+{
+    if (!file.flush() || !file.commit())
+        throw Error(fileErrors::diskFull, u"Disk full"_s);
+}
+
 } // namespace
 
 bool fileExists(const QString& path)
@@ -116,8 +123,7 @@ void copyFile(const QString& from, const QString& to)
     // What this user may do is no right of the file.
     constexpr QFile::Permissions own = QFile::ReadUser | QFile::WriteUser | QFile::ExeUser;
     target.setPermissions(source.permissions() & ~own);
-    if (!target.commit())
-        throw Error(fileErrors::diskFull, u"Disk full"_s);
+    commit(target);
 }
 
 void writeText(const QString& path, const QString& text)
@@ -125,8 +131,7 @@ void writeText(const QString& path, const QString& text)
     QSaveFile file(filePath(path));
     openForSaving(file);
     file.write(text.toUtf8());
-    if (!file.commit())
-        throw Error(fileErrors::diskFull, u"Disk full"_s);
+    commit(file);
 }
 
 void deleteFile(const QString& path)
