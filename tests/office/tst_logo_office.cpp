@@ -177,6 +177,7 @@ private Q_SLOTS:
     void everyDatasheetGetsTheLogo();
     void theFormulasStillFollow();
     void aSecondRunLeavesOneLogo();
+    void theSheetsStayScrolledAsTheyWere();
     void aSmallLogoKeepsItsSize();
     void twoLogosBecomeOneNewAndOneOld();
     void badWorkbooksAreToldAndStay();
@@ -376,6 +377,22 @@ void TestLogoOffice::aSecondRunLeavesOneLogo()
     QCOMPARE(second.sheets[0].pictures.size(), std::size_t{1});
     QVERIFY(isNear(second.sheets[0].pictures[0].width, first.sheets[0].pictures[0].width));
     QVERIFY(QFileInfo(sheetFile(u"a.xls"_s)).size() < size + 4096);
+}
+
+/// The records of the sheets' windows in a workbook hold the first row and column in sight.
+void TestLogoOffice::theSheetsStayScrolledAsTheyWere()
+{
+    giveSheets({u"a.xls"_s});
+    QCOMPARE(run(datasheetLogo), QStringList{done});
+    const QByteArray bytes = bytesOf(sheetFile(u"a.xls"_s));
+    const QByteArray record("\x3e\x02\x12\x00", 4);
+    int sheets = 0;
+    for (qsizetype at = bytes.indexOf(record); at >= 0; at = bytes.indexOf(record, at + 1)) {
+        constexpr qsizetype placeOfRow = 6;
+        QCOMPARE(bytes.mid(at + placeOfRow, 4), QByteArray(4, '\0'));
+        ++sheets;
+    }
+    QVERIFY(sheets > 0);
 }
 
 void TestLogoOffice::aSmallLogoKeepsItsSize()

@@ -14,6 +14,7 @@
 #include <com/sun/star/sheet/FormulaResult.hpp>
 #include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 #include <com/sun/star/sheet/XSheetCellCursor.hpp>
+#include <com/sun/star/sheet/XViewPane.hpp>
 #include <com/sun/star/table/CellContentType.hpp>
 #include <com/sun/star/text/XTextRange.hpp>
 #include <com/sun/star/view/XSelectionSupplier.hpp>
@@ -102,8 +103,16 @@ void LoRange::Select()
 {
     guarded([&] {
         const Any target = m_cells.cell.is() ? Any(m_cells.cell) : Any(m_cells.block);
-        Reference<css::view::XSelectionSupplier>(m_workbook->controller(), UNO_QUERY_THROW)
-            ->select(target);
+        const auto controller = m_workbook->controller();
+        const Reference<css::sheet::XViewPane> view(controller, UNO_QUERY_THROW);
+        const auto row = view->getFirstVisibleRow();
+        const auto column = view->getFirstVisibleColumn();
+        Reference<css::view::XSelectionSupplier>(controller, UNO_QUERY_THROW)->select(target);
+        // A window for looking only has no size yet, and would scroll to every cell.
+        if (!m_workbook->takesInput()) {
+            view->setFirstVisibleRow(row);
+            view->setFirstVisibleColumn(column);
+        }
     });
 }
 

@@ -53,6 +53,7 @@ public:
     void discard() noexcept;
 
     Office& office() const { return m_application->office(); }
+    bool takesInput() const { return m_application->takesInput(); }
     const com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument>&
     document() const
     {

@@ -58,11 +58,10 @@ void LoWorkbook::show(bool visible)
 /// makes as it does.
 void LoWorkbook::showOnScreen(const Reference<css::frame::XFrame>& frame) const
 {
-    const bool takesInput = m_application->takesInput();
-    if (!takesInput)
+    if (!takesInput())
         refuseInput(frame);
     showWindow(frame, office().windowFillsScreen());
-    if (takesInput)
+    if (takesInput())
         bringToFront(frame);
     else
         refuseInput(frame);
