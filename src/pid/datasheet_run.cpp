@@ -6,8 +6,8 @@
 #include "app/state.h"
 #include "datasheets/failure.h"
 #include "pid/connection.h"
-#include "pid/repaint.h"
 #include "spreadsheet/host.h"
+#include "spreadsheet/repaint.h"
 #include "store/recordset.h"
 #include "toolkit/busy_pointer.h"
 #include "toolkit/data_control.h"
@@ -21,6 +21,7 @@
 
 using namespace Qt::StringLiterals;
 using ostrand::app::mainWindow;
+using ostrand::spreadsheet::repaint;
 
 namespace ostrand::pid {
 namespace {

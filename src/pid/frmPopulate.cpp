@@ -9,7 +9,7 @@
 #include "pid/frmDuplicate.h"
 #include "pid/populate_model.h"
 #include "pid/populate_report.h"
-#include "pid/repaint.h"
+#include "spreadsheet/repaint.h"
 #include "toolkit/busy_pointer.h"
 #include "toolkit/named.h"
 #include "toolkit/prompts.h"
@@ -22,6 +22,7 @@
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+using ostrand::spreadsheet::repaint;
 using ostrand::store::Error;
 using ostrand::toolkit::named;
 using ostrand::toolkit::px;
