@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QSysInfo>
 #include <QTest>
 
@@ -52,6 +53,18 @@ QString lock(const OfficeFixture& office, const QString& name, const QString& ow
     if (!file.open(QIODevice::WriteOnly) || file.write(owner.toUtf8()) < 0)
         qFatal("the lock can't be written");
     return file.fileName();
+}
+
+/// What the lock of this user's application says.
+QString ownLock(const OfficeFixture& office, const QString& name)
+{
+    const auto application = spreadsheet::CreateObject();
+    const auto workbook = application->Open(office.path(name));
+    const QString text = QString::fromUtf8(bytesOf(office.path(u".~lock."_s + name + u'#')));
+    if (!text.contains(u"file:"_s))
+        qFatal("the workbook is not locked");
+    workbook->Close(SaveChanges::No);
+    return text;
 }
 
 /// A file that nobody may write, not even the superuser.
@@ -122,15 +135,23 @@ class TestSaving : public QObject
 private Q_SLOTS:
     static void cleanup() { spreadsheet::endHost(); }
 
-    static void aFileThatSomebodyElseHasOpenCanBeFilledButNotSaved()
+    static void aFileThatIsOpenElsewhereCanBeFilledButNotSaved_data()
     {
+        QTest::addColumn<bool>("ownUser");
+        QTest::newRow("by somebody else") << false;
+        QTest::newRow("by the same user") << true;
+    }
+    static void aFileThatIsOpenElsewhereCanBeFilledButNotSaved()
+    {
+        QFETCH(const bool, ownUser);
         const OfficeFixture office;
         const QString path = office.workbook(u"a.xls"_s, {u"one"_s});
         const QByteArray before = bytesOf(path);
-        const QString foreign =
-            lock(office,
-                 u"a.xls"_s,
-                 u",somebody,elsewhere,21.03.2026 10:00,file:///home/somebody/office;"_s);
+        QString owner = u",somebody,elsewhere,21.03.2026 10:00,file:///home/somebody/office;"_s;
+        if (ownUser)
+            owner = ownLock(office, u"a.xls"_s)
+                        .replace(QRegularExpression(u"file:.*"_s), u"file:///home/me/office;"_s);
+        const QString foreign = lock(office, u"a.xls"_s, owner);
         const auto workbook = spreadsheet::CreateObject()->Open(path);
         const auto cell = workbook->Worksheets(1)->Range(u"A1"_s);
         QCOMPARE(std::get<QString>(cell->Value()), u"one"_s);

@@ -50,22 +50,33 @@ std::shared_ptr<Workbook> LoApplication::Add()
     return load({}, "private:factory/scalc");
 }
 
-std::shared_ptr<Workbook> LoApplication::load(const QString& path, const rtl::OUString& url)
+Reference<css::lang::XComponent> LoApplication::loadDocument(const rtl::OUString& url,
+                                                             bool readOnly)
 {
     // A window that loads in sight would take input until it is told not to.
     const bool showsAtOnce = m_visible && m_takesInput;
-    const Reference<css::lang::XComponent> document = guarded([&] {
-        return m_office->desktop()->loadComponentFromURL(
-            url,
-            "_blank",
-            0,
-            // What never shows needs no hiding; a hidden document forgets its sheet in front.
-            arguments({{"Hidden", Any(!showsAtOnce && !m_office->settings().headless)},
-                       {"AsTemplate", Any(false)},
-                       {"MacroExecutionMode", Any(css::document::MacroExecMode::NEVER_EXECUTE)},
-                       {"UpdateDocMode", Any(css::document::UpdateDocMode::NO_UPDATE)}}));
+    css::uno::Sequence<css::beans::PropertyValue> how = arguments({
+        // What never shows needs no hiding; a hidden document forgets its sheet in front.
+        {"Hidden", Any(!showsAtOnce && !m_office->settings().headless)},
+        {"AsTemplate", Any(false)},
+        {"MacroExecutionMode", Any(css::document::MacroExecMode::NEVER_EXECUTE)},
+        {"UpdateDocMode", Any(css::document::UpdateDocMode::NO_UPDATE)},
+        {"ReadOnly", Any(true)},
     });
-    // It gives nothing, and says nothing, for a file that wants a password.
+    // False would ask for writing, which fails for a file without rights.
+    if (!readOnly)
+        how.realloc(how.getLength() - 1);
+    return guarded(
+        [&] { return m_office->desktop()->loadComponentFromURL(url, "_blank", 0, how); });
+}
+
+std::shared_ptr<Workbook> LoApplication::load(const QString& path, const rtl::OUString& url)
+{
+    Reference<css::lang::XComponent> document = loadDocument(url, false);
+    // It gives nothing, and says nothing, for a file that the same user has open in another
+    // application (one of another user it opens as read-only), and for one that wants a password.
+    if (!document.is())
+        document = loadDocument(url, isLocked(path));
     if (!document.is()) {
         throw Error(errors::permissionDenied,
                     QCoreApplication::translate(

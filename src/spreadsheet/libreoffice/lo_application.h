@@ -28,6 +28,8 @@ public:
     bool takesInput() const { return m_takesInput; }
 
 private:
+    css::uno::Reference<css::lang::XComponent> loadDocument(const rtl::OUString& url,
+                                                            bool readOnly);
     std::shared_ptr<Workbook> load(const QString& path, const rtl::OUString& url);
     std::vector<std::shared_ptr<LoWorkbook>> workbooks();
 

@@ -28,12 +28,17 @@ bool isThisMachine(const QString& host)
     return host == name || host.startsWith(name + u'.');
 }
 
+QString lockOf(const QString& workbook)
+{
+    const QFileInfo info(workbook);
+    return info.dir().filePath(u".~lock."_s + info.fileName() + u'#');
+}
+
 } // namespace
 
 void removeStaleLock(const QString& workbook)
 {
-    const QFileInfo info(workbook);
-    QFile lock(info.dir().filePath(u".~lock."_s + info.fileName() + u'#'));
+    QFile lock(lockOf(workbook));
     if (!lock.open(QIODevice::ReadOnly))
         return;
     const QString content = QString::fromUtf8(lock.read(longestLock)).remove(u';').trimmed();
@@ -43,6 +48,11 @@ void removeStaleLock(const QString& workbook)
     const QString folder = QUrl(fields[folderField]).toLocalFile();
     if (OfficeProfile::isOurs(folder) && !QDir(folder).exists())
         lock.remove();
+}
+
+bool isLocked(const QString& workbook)
+{
+    return QFile::exists(lockOf(workbook));
 }
 
 } // namespace ostrand::spreadsheet::libreoffice

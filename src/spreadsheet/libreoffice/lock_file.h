@@ -11,4 +11,7 @@ namespace ostrand::spreadsheet::libreoffice {
 /// stays.
 void removeStaleLock(const QString& workbook);
 
+/// Whether an application says, by a file beside it, that it has the workbook open.
+bool isLocked(const QString& workbook);
+
 } // namespace ostrand::spreadsheet::libreoffice
