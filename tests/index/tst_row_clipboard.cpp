@@ -614,14 +614,14 @@ void TestRowClipboard::aFolderWithoutRightsIsTold()
 {
     giveDatasheet(u"FT-102"_s, u"FT-102.xls"_s);
     copy({u"FT-102"_s});
-    const auto all = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-    const auto others = QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
-    QFile::setPermissions(m_index->path(QString()), all | others);
-    QFile::setPermissions(m_index->path(u"own"_s), all | others);
+    const auto reading = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+    QFile::setPermissions(m_index->path(QString()), reading | QFile::WriteOwner);
+    QFile::setPermissions(m_index->path(u"own"_s), reading);
     {
         const tests::WithoutRoot user;
         m_index->choose(u"mnuPopUpPaste1"_s);
     }
+    QFile::setPermissions(m_index->path(u"own"_s), reading | QFile::WriteOwner);
     QCOMPARE(m_index->texts(),
              QStringList{u"Error pasting records from buffer.\r\n70 : Permission denied"_s});
     QCOMPARE(storedTags().size(), 4);

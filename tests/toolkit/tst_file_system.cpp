@@ -262,7 +262,8 @@ void TestFileSystem::copyingWithoutRightsFails()
 {
     const QString from = make(u"a.xls"_s);
     QFile::setPermissions(m_folder->path(),
-                          QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther);
+                          QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup
+                              | QFile::ReadOther | QFile::ExeOther);
     {
         const WithoutRoot user;
         QCOMPARE(errorOf([&] { toolkit::copyFile(from, path(u"b.xls"_s)); }), 70);

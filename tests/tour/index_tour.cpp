@@ -161,28 +161,36 @@ private:
     toolkit::DataGrid& m_grid;
 };
 
-/// A copy of the sample project of its own, with its folders in place.
+void make(const QStringList& arguments)
+{
+    const QDir bin(QCoreApplication::applicationDirPath());
+    if (QProcess::execute(bin.filePath(u"ostrand-make-project"_s), arguments) != 0)
+        qFatal("the sample project could not be made");
+}
+
+/// A sample project of its own with all its files, as the tour changes them.
 QString makeProject(const Camera& camera)
 {
     const QString folder = camera.folder() + u"/project"_s;
-    QString project = folder + u"/Heronsfield.mdb"_s;
+    const QString project = folder + u"/Heronsfield.mdb"_s;
+    const QString pid = folder + u"/HGC_PID.mdb"_s;
+    const QString logo = folder + u"/Wexcombe.jpg"_s;
     QDir(folder).removeRecursively();
     QDir().mkpath(folder + u"/Datasheets"_s);
     QDir().mkpath(folder + u"/Templates"_s);
     const QDir bin(QCoreApplication::applicationDirPath());
-    if (QProcess::execute(bin.filePath(u"ostrand-make-project"_s),
-                          {u"--datasheets"_s,
-                           folder + u"/Datasheets"_s,
-                           u"--templates"_s,
-                           folder + u"/Templates"_s,
-                           u"--pid"_s,
-                           bin.filePath(u"Samples/HGC_PID.mdb"_s),
-                           u"--logo"_s,
-                           bin.filePath(u"Samples/Wexcombe.jpg"_s),
-                           u"sample"_s,
-                           project})
-        != 0)
-        qFatal("the sample project could not be made");
+    QFile::copy(bin.filePath(u"Samples/Wexcombe.jpg"_s), logo);
+    make({u"pid"_s, pid});
+    make({u"--datasheets"_s,
+          folder + u"/Datasheets"_s,
+          u"--templates"_s,
+          folder + u"/Templates"_s,
+          u"--pid"_s,
+          pid,
+          u"--logo"_s,
+          logo,
+          u"sample"_s,
+          project});
     const QDir templates(bin.filePath(u"Templates"_s));
     for (const QString& name : templates.entryList({u"*.xlt"_s})) {
         QFile::copy(templates.filePath(name), folder + u"/Templates/"_s + name);
