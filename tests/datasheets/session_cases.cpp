@@ -304,7 +304,7 @@ void SessionCases::aSecondOpeningDoesNothing()
 void SessionCases::aFileThatIsNoWorkbookIsTold()
 {
     const QString path = m_desk->giveDatasheet();
-    program().file(u"sheets/PT-1.xls"_s, QByteArray("PK\x03\x04 no workbook", 18));
+    program().file(u"sheets/PT-1.xls"_s, QByteArray("PK\x03\x04 no workbook"));
     program().press(u"cmdDatasheet"_s);
     QVERIFY(program().prompts.boxes.at(0).icon == toolkit::BoxIcon::Exclamation);
     seeOne(u"Error while opening Excel Spreadsheet "_s + path + u".\r\n"_s);

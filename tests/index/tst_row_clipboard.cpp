@@ -614,7 +614,8 @@ void TestRowClipboard::aFolderWithoutRightsIsTold()
 {
     giveDatasheet(u"FT-102"_s, u"FT-102.xls"_s);
     copy({u"FT-102"_s});
-    const auto reading = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther;
+    const auto reading = QFile::ReadOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup
+                         | QFile::ReadOther | QFile::ExeOther;
     QFile::setPermissions(m_index->path(QString()), reading | QFile::WriteOwner);
     QFile::setPermissions(m_index->path(u"own"_s), reading);
     {
