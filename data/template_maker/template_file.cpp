@@ -18,11 +18,11 @@ using spreadsheet::Worksheet;
 void placeLogo(Worksheet& sheet, const LogoSheet& place, const QString& logo)
 {
     const auto shape = sheet.InsertPicture(logo);
-    const double scale = std::min(logoBoxWidth / shape->Width(), logoBoxHeight / shape->Height());
+    const spreadsheet::Extent size = shape->Size();
+    const double scale = std::min(logoBoxWidth / size.width, logoBoxHeight / size.height);
     shape->setName(u"LOGO"_s);
-    shape->setSize(shape->Width() * scale, shape->Height() * scale);
-    shape->setLeft(place.deltaX);
-    shape->setTop(place.deltaY);
+    shape->setSize({size.width * scale, size.height * scale});
+    shape->setPosition(place.deltaX, place.deltaY);
 }
 
 /// Ties the places that only show a value to the cell where it is entered.

@@ -22,6 +22,8 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 using ostrand::toolkit::named;
 
@@ -50,8 +52,8 @@ QString searchedText(const QString& html)
 
 } // namespace
 
-frmHelp::frmHelp(const QString& name)
-    : m_name(name),
+frmHelp::frmHelp(QString name)
+    : m_name(std::move(name)),
       m_splitter(named(new QSplitter(this), u"splitter"_s)),
       m_tabs(named(new QTabWidget(m_splitter), u"tabs"_s)),
       m_contents(named(new HelpContentsTree(m_tabs), u"treeContents"_s)),

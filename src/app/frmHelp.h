@@ -29,7 +29,7 @@ class frmHelp final : public QMainWindow
 
 public:
     /// `name` is what the caption says beside the title of the page.
-    explicit frmHelp(const QString& name);
+    explicit frmHelp(QString name);
     ~frmHelp() override;
 
     /// Shows a page of a file and brings the window to the front. False, and nothing changes, where

@@ -107,13 +107,13 @@ void CLogoChg::changeWorkbook(const QString& file,
     spreadsheet::repaint();
     if (!sheets)
         throw store::Error(spreadsheet::errors::subscriptOutOfRange, tr("Subscript out of range"));
-    QString front;
+    std::shared_ptr<spreadsheet::Worksheet> front;
     for (const LogoSheet& row : *sheets) {
         changeSheet(row, toolkit::filePath(logoFile));
         if (row.isDefault)
-            front = row.name;
+            front = m_wrkSht;
     }
-    bringToFront(front);
+    (front ? front : m_wrkBook->Worksheets(1))->Activate();
     saveAndClose(path, isTemplate);
 }
 
@@ -148,12 +148,11 @@ void CLogoChg::insertLogo(const LogoSheet& row, const QString& logoFile)
     anchor->Select();
     const auto logo = insertPicture(logoFile);
     logo->setName(u"logo"_s);
-    const spreadsheet::Extent size{logo->Width(), logo->Height()};
+    const spreadsheet::Extent size = logo->Size();
     const double scale = scaleToFit(size, roomAt(*anchor, row));
     if (scale < 1)
-        logo->setSize(size.width * scale, size.height * scale);
-    logo->setLeft(row.left);
-    logo->setTop(row.top);
+        logo->setSize({size.width * scale, size.height * scale});
+    logo->setPosition(row.left, row.top);
 }
 
 std::unique_ptr<spreadsheet::Shape> CLogoChg::insertPicture(const QString& logoFile)
@@ -169,12 +168,6 @@ std::unique_ptr<spreadsheet::Shape> CLogoChg::insertPicture(const QString& logoF
 }
 
 // ---- the end of a workbook
-
-void CLogoChg::bringToFront(const QString& name) const
-{
-    const auto sheet = name.isEmpty() ? m_wrkBook->Worksheets(1) : m_wrkBook->Worksheets(name);
-    sheet->Activate();
-}
 
 void CLogoChg::saveAndClose(const QString& path, bool isTemplate)
 {

@@ -71,7 +71,6 @@ private:
     bool deleteLogo() const;
     void insertLogo(const LogoSheet& row, const QString& logoFile);
     std::unique_ptr<spreadsheet::Shape> insertPicture(const QString& logoFile);
-    void bringToFront(const QString& name) const;
     void saveAndClose(const QString& path, bool isTemplate);
 
     spreadsheet::Application& runningApplication();

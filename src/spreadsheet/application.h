@@ -68,11 +68,9 @@ public:
     virtual void Delete() = 0;
     virtual double Left() const = 0;
     virtual double Top() const = 0;
-    virtual double Width() const = 0;
-    virtual double Height() const = 0;
-    virtual void setLeft(double points) = 0;
-    virtual void setTop(double points) = 0;
-    virtual void setSize(double width, double height) = 0;
+    virtual Extent Size() const = 0;
+    virtual void setPosition(double left, double top) = 0;
+    virtual void setSize(const Extent& size) = 0;
 };
 
 class Worksheet

@@ -365,8 +365,8 @@ void TestTemplates::theLogoLiesWhereTheTableSays()
             QCOMPARE(shapes[0]->Name(), u"LOGO"_s);
             QVERIFY(isNear(shapes[0]->Left(), row[u"DeltaX"_s].toDouble()));
             QVERIFY(isNear(shapes[0]->Top(), row[u"DeltaY"_s].toDouble()));
-            QVERIFY(isNear(shapes[0]->Width(), 200));
-            QVERIFY(isNear(shapes[0]->Height(), 40));
+            QVERIFY(isNear(shapes[0]->Size().width, 200));
+            QVERIFY(isNear(shapes[0]->Size().height, 40));
             QCOMPARE(lookOf(*sheet).mergedBlock(row[u"LogoAnchor"_s]), u"A1:C4"_s);
             ++sheets;
         }

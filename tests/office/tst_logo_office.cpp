@@ -91,8 +91,11 @@ std::vector<Picture> picturesOf(spreadsheet::Worksheet& sheet)
 {
     std::vector<Picture> pictures;
     for (const auto& shape : sheet.Shapes())
-        pictures.push_back(
-            {shape->Name(), shape->Left(), shape->Top(), shape->Width(), shape->Height()});
+        pictures.push_back({shape->Name(),
+                            shape->Left(),
+                            shape->Top(),
+                            shape->Size().width,
+                            shape->Size().height});
     return pictures;
 }
 
@@ -416,7 +419,7 @@ void TestLogoOffice::twoLogosBecomeOneNewAndOneOld()
         sheet->Unprotect();
         const auto second = sheet->InsertPicture(picture(u"second.png"_s, 40, 20));
         second->setName(u"Logo"_s);
-        second->setLeft(300);
+        second->setPosition(300, 0);
         book->Save();
         book->Close(SaveChanges::No);
         application->Quit();

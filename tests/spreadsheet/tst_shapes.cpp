@@ -66,9 +66,8 @@ private Q_SLOTS:
         const auto sheet = workbook->Worksheets(1);
         const auto shape = sheet->InsertPicture(picture(office, u"a.png"_s, 3780));
         shape->setName(u"LOGO"_s);
-        shape->setLeft(2);
-        shape->setTop(3);
-        shape->setSize(200, 40);
+        shape->setPosition(2, 3);
+        shape->setSize({200, 40});
         workbook->SaveAs(office.path(u"a.xls"_s), spreadsheet::FileFormat::Workbook);
         workbook->Close(spreadsheet::SaveChanges::No);
 
@@ -78,8 +77,8 @@ private Q_SLOTS:
         QCOMPARE(shapes[0]->Name(), u"LOGO"_s);
         QVERIFY(isNear(shapes[0]->Left(), 2));
         QVERIFY(isNear(shapes[0]->Top(), 3));
-        QVERIFY(isNear(shapes[0]->Width(), 200));
-        QVERIFY(isNear(shapes[0]->Height(), 40));
+        QVERIFY(isNear(shapes[0]->Size().width, 200));
+        QVERIFY(isNear(shapes[0]->Size().height, 40));
     }
 
     static void aPictureComesInItsOwnSizeToTheSelectedCell()
@@ -94,10 +93,10 @@ private Q_SLOTS:
         const auto shape = sheet->InsertPicture(picture(office, u"a.png"_s, 3780));
         QVERIFY(isNear(shape->Left(), 72));
         QVERIFY(isNear(shape->Top(), 60));
-        QVERIFY(isNear(shape->Width(), 72));
-        QVERIFY(isNear(shape->Height(), 36));
+        QVERIFY(isNear(shape->Size().width, 72));
+        QVERIFY(isNear(shape->Size().height, 36));
         const auto finer = sheet->InsertPicture(picture(office, u"b.png"_s, 2 * 3780));
-        QVERIFY(isNear(finer->Width(), 36));
+        QVERIFY(isNear(finer->Size().width, 36));
     }
 
     static void aPictureWithoutAResolutionIsAsLargeAsItsPixels()
@@ -113,8 +112,8 @@ private Q_SLOTS:
         const auto application = spreadsheet::CreateObject();
         const auto workbook = application->Add();
         const auto shape = workbook->Worksheets(1)->InsertPicture(file.fileName());
-        QVERIFY(isNear(shape->Width(), 0.75));
-        QVERIFY(isNear(shape->Height(), 0.75));
+        QVERIFY(isNear(shape->Size().width, 0.75));
+        QVERIFY(isNear(shape->Size().height, 0.75));
     }
 
     static void aSelectionOnAnotherSheetIsNoPlace()

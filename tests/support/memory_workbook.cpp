@@ -106,14 +106,16 @@ public:
     }
     double Left() const override { return picture().left; }
     double Top() const override { return picture().top; }
-    double Width() const override { return picture().width; }
-    double Height() const override { return picture().height; }
-    void setLeft(double points) override { picture().left = points; }
-    void setTop(double points) override { picture().top = points; }
-    void setSize(double width, double height) override
+    spreadsheet::Extent Size() const override { return {picture().width, picture().height}; }
+    void setPosition(double left, double top) override
     {
-        picture().width = width;
-        picture().height = height;
+        picture().left = left;
+        picture().top = top;
+    }
+    void setSize(const spreadsheet::Extent& size) override
+    {
+        picture().width = size.width;
+        picture().height = size.height;
     }
 
 private:

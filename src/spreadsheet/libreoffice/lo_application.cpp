@@ -8,6 +8,7 @@
 #include "spreadsheet/libreoffice/properties.h"
 #include "spreadsheet/libreoffice/uno_errors.h"
 #include "spreadsheet/libreoffice/uno_text.h"
+#include "spreadsheet/libreoffice/window.h"
 
 #include <QCoreApplication>
 
@@ -29,6 +30,13 @@ void discard(const Reference<css::lang::XComponent>& document)
     const Reference<css::util::XCloseable> closeable(document, css::uno::UNO_QUERY);
     if (closeable.is())
         closeable->close(true);
+}
+
+/// Nobody sees a window of the headless application. It would be painted all the same after each
+/// change, which keeps the calls of the program waiting.
+void stopPainting(const LoWorkbook& workbook)
+{
+    hideWindow(workbook.controller()->getFrame());
 }
 
 } // namespace
@@ -94,6 +102,8 @@ std::shared_ptr<Workbook> LoApplication::load(const QString& path, const rtl::OU
         guarded([&] { return std::make_shared<LoWorkbook>(shared_from_this(), spreadsheet); });
     std::erase_if(m_workbooks, [](const auto& old) { return old.expired(); });
     m_workbooks.push_back(workbook);
+    if (m_office->settings().headless)
+        guarded([&] { stopPainting(*workbook); });
     if (m_visible)
         workbook->setVisible(true); // its window is there; it gets what all have
     return workbook;

@@ -103,16 +103,19 @@ void LoRange::Select()
 {
     guarded([&] {
         const Any target = m_cells.cell.is() ? Any(m_cells.cell) : Any(m_cells.block);
+        ObjectKeeper& keeper = *m_workbook->office().keeper();
         const auto controller = m_workbook->controller();
-        const Reference<css::sheet::XViewPane> view(controller, UNO_QUERY_THROW);
-        const auto row = view->getFirstVisibleRow();
-        const auto column = view->getFirstVisibleColumn();
-        Reference<css::view::XSelectionSupplier>(controller, UNO_QUERY_THROW)->select(target);
-        // A window for looking only has no size yet, and would scroll to every cell.
-        if (!m_workbook->takesInput()) {
-            view->setFirstVisibleRow(row);
-            view->setFirstVisibleColumn(column);
+        const auto selection = keeper.as<css::view::XSelectionSupplier>(controller);
+        if (m_workbook->takesInput()) {
+            selection->select(target);
+            return;
         }
+        // A window for looking only has no size yet, and would scroll to every cell.
+        const auto view = keeper.as<css::sheet::XViewPane>(controller);
+        const css::table::CellRangeAddress visible = view->getVisibleRange();
+        selection->select(target);
+        view->setFirstVisibleRow(visible.StartRow);
+        view->setFirstVisibleColumn(visible.StartColumn);
     });
 }
 

@@ -3,6 +3,7 @@
 #include "spreadsheet/libreoffice/lo_shape.h"
 
 #include "spreadsheet/libreoffice/measures.h"
+#include "spreadsheet/libreoffice/object_keeper.h"
 #include "spreadsheet/libreoffice/properties.h"
 #include "spreadsheet/libreoffice/uno_errors.h"
 #include "spreadsheet/libreoffice/uno_text.h"
@@ -12,7 +13,7 @@
 #include <com/sun/star/container/XNamed.hpp>
 #include <com/sun/star/drawing/XDrawPageSupplier.hpp>
 #include <com/sun/star/lang/XMultiServiceFactory.hpp>
-#include <com/sun/star/sheet/XSheetCellRange.hpp>
+#include <com/sun/star/sheet/XCellRangeAddressable.hpp>
 
 namespace css = com::sun::star;
 using css::uno::Any;
@@ -25,16 +26,18 @@ namespace {
 
 Reference<css::drawing::XDrawPage> drawPageOf(LoWorksheet& sheet)
 {
-    return Reference<css::drawing::XDrawPageSupplier>(sheet.sheet(), UNO_QUERY_THROW)
-        ->getDrawPage();
+    ObjectKeeper& keeper = sheet.keeper();
+    return keeper.keep(keeper.as<css::drawing::XDrawPageSupplier>(sheet.sheet())->getDrawPage());
 }
 
 class LoShape final : public Shape
 {
 public:
-    LoShape(LoWorksheet& sheet, const Reference<css::drawing::XShape>& shape)
+    LoShape(LoWorksheet& sheet,
+            const Reference<css::drawing::XDrawPage>& page,
+            const Reference<css::drawing::XShape>& shape)
         : m_workbook(sheet.workbook().shared_from_this()),
-          m_page(drawPageOf(sheet)),
+          m_page(page),
           m_shape(shape)
     {
     }
@@ -60,57 +63,46 @@ public:
     {
         return guarded([&] { return toPoints(m_shape->getPosition().Y); });
     }
-    double Width() const override
+    Extent Size() const override
     {
-        return guarded([&] { return toPoints(m_shape->getSize().Width); });
+        return guarded([&] {
+            const css::awt::Size size = m_shape->getSize();
+            return Extent{toPoints(size.Width), toPoints(size.Height)};
+        });
     }
-    double Height() const override
+    void setPosition(double left, double top) override
     {
-        return guarded([&] { return toPoints(m_shape->getSize().Height); });
+        guarded([&] { m_shape->setPosition({fromPoints(left), fromPoints(top)}); });
     }
-    void setLeft(double points) override
+    void setSize(const Extent& size) override
     {
-        guarded([&] { m_shape->setPosition({fromPoints(points), m_shape->getPosition().Y}); });
-    }
-    void setTop(double points) override
-    {
-        guarded([&] { m_shape->setPosition({m_shape->getPosition().X, fromPoints(points)}); });
-    }
-    void setSize(double width, double height) override
-    {
-        guarded([&] { m_shape->setSize({fromPoints(width), fromPoints(height)}); });
+        guarded([&] { m_shape->setSize({fromPoints(size.width), fromPoints(size.height)}); });
     }
 
 private:
-    Reference<css::container::XNamed> named() const { return {m_shape, UNO_QUERY_THROW}; }
+    Reference<css::container::XNamed> named() const
+    {
+        return m_workbook->office().keeper()->as<css::container::XNamed>(m_shape);
+    }
 
     std::shared_ptr<LoWorkbook> m_workbook;
     Reference<css::drawing::XDrawPage> m_page;
     Reference<css::drawing::XShape> m_shape;
 };
 
-/// The size that the picture says it has, or else that of its pixels on a screen.
-css::awt::Size sizeOf(const Reference<css::graphic::XGraphic>& picture)
+/// The first selected cell when it lies on the sheet; else the sheet's first.
+Reference<css::table::XCell> selectedCell(LoWorksheet& sheet)
 {
-    const Reference<css::beans::XPropertySet> properties(picture, UNO_QUERY_THROW);
-    const auto size = property<css::awt::Size>(properties, "Size100thMM");
-    if (size.Width > 0 && size.Height > 0)
-        return size;
-    const auto pixels = property<css::awt::Size>(properties, "SizePixel");
-    return {fromInches(pixels.Width / pixelsPerInch), fromInches(pixels.Height / pixelsPerInch)};
-}
-
-/// The selected block when it lies on the sheet; else the sheet's first cell.
-Reference<css::table::XCellRange> selectedBlock(LoWorksheet& sheet)
-{
-    const Reference<css::sheet::XSheetCellRange> selected(
-        sheet.workbook().controller()->getModel()->getCurrentSelection(), UNO_QUERY);
-    if (selected.is()) {
-        const Reference<css::container::XNamed> owner(selected->getSpreadsheet(), UNO_QUERY_THROW);
-        if (qtText(owner->getName()) == sheet.Name())
-            return {selected, UNO_QUERY_THROW};
-    }
-    return sheet.sheet()->getCellRangeByPosition(0, 0, 0, 0);
+    const Reference<css::sheet::XCellRangeAddressable> selected = sheet.keeper().keep(
+        Reference<css::sheet::XCellRangeAddressable>(sheet.workbook().selection(), UNO_QUERY));
+    css::table::CellRangeAddress place;
+    if (selected.is())
+        place = selected->getRangeAddress();
+    const auto own =
+        sheet.keeper().as<css::sheet::XCellRangeAddressable>(sheet.sheet())->getRangeAddress();
+    if (place.Sheet != own.Sheet)
+        place = own;
+    return sheet.keeper().keep(sheet.sheet()->getCellByPosition(place.StartColumn, place.StartRow));
 }
 
 } // namespace
@@ -122,8 +114,8 @@ std::vector<std::unique_ptr<Shape>> shapesOf(LoWorksheet& sheet)
     const sal_Int32 count = page->getCount();
     shapes.reserve(static_cast<std::size_t>(count));
     for (sal_Int32 i = 0; i < count; ++i) {
-        shapes.push_back(std::make_unique<LoShape>(
-            sheet, Reference<css::drawing::XShape>(page->getByIndex(i), UNO_QUERY_THROW)));
+        const Reference<css::drawing::XShape> shape(page->getByIndex(i), UNO_QUERY_THROW);
+        shapes.push_back(std::make_unique<LoShape>(sheet, page, sheet.keeper().keep(shape)));
     }
     return shapes;
 }
@@ -131,26 +123,27 @@ std::vector<std::unique_ptr<Shape>> shapesOf(LoWorksheet& sheet)
 std::unique_ptr<Shape> insertPicture(LoWorksheet& sheet, const QString& file)
 {
     Office& office = sheet.workbook().office();
-    const Reference<css::graphic::XGraphic> picture =
+    const std::optional<PictureReader::Picture> picture =
         office.pictures().read(office.context(), file);
-    if (!picture.is()) {
+    if (!picture) {
         throw Error(
             errors::applicationError,
             QCoreApplication::translate("spreadsheet", "The picture %1 can't be read.").arg(file));
     }
-    const Reference<css::table::XCellRange> block = selectedBlock(sheet);
-    const Reference<css::lang::XMultiServiceFactory> factory(sheet.workbook().document(),
-                                                             UNO_QUERY_THROW);
-    const Reference<css::drawing::XShape> shape(
-        factory->createInstance("com.sun.star.drawing.GraphicObjectShape"), UNO_QUERY_THROW);
-    drawPageOf(sheet)->add(shape);
-    const Reference<css::beans::XPropertySet> properties(shape, UNO_QUERY_THROW);
-    properties->setPropertyValue("Graphic", Any(picture));
-    properties->setPropertyValue("Anchor", Any(block->getCellByPosition(0, 0)));
-    shape->setSize(sizeOf(picture));
-    shape->setPosition(property<css::awt::Point>(
-        Reference<css::beans::XPropertySet>(block, UNO_QUERY_THROW), "Position"));
-    return std::make_unique<LoShape>(sheet, shape);
+    ObjectKeeper& keeper = sheet.keeper();
+    const Reference<css::table::XCell> cell = selectedCell(sheet);
+    const auto factory = keeper.as<css::lang::XMultiServiceFactory>(sheet.workbook().document());
+    const auto shape = keeper.as<css::drawing::XShape>(
+        factory->createInstance("com.sun.star.drawing.GraphicObjectShape"));
+    const Reference<css::drawing::XDrawPage> page = drawPageOf(sheet);
+    page->add(shape);
+    const auto properties = keeper.as<css::beans::XPropertySet>(shape);
+    properties->setPropertyValue("Graphic", Any(picture->graphic));
+    properties->setPropertyValue("Anchor", Any(cell));
+    shape->setSize(picture->size);
+    shape->setPosition(
+        property<css::awt::Point>(keeper.as<css::beans::XPropertySet>(cell), "Position"));
+    return std::make_unique<LoShape>(sheet, page, shape);
 }
 
 } // namespace ostrand::spreadsheet::libreoffice

@@ -96,9 +96,7 @@ bool LoSheetDesign::isProtected() const
 
 QString LoSheetDesign::currentCell() const
 {
-    return guarded([&] {
-        return plainName(m_sheet.workbook().controller()->getModel()->getCurrentSelection());
-    });
+    return guarded([&] { return plainName(m_sheet.workbook().selection()); });
 }
 
 } // namespace ostrand::spreadsheet::libreoffice

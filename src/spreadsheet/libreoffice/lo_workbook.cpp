@@ -106,7 +106,9 @@ QString LoWorkbook::Name() const
 
 Reference<css::sheet::XSpreadsheets> LoWorkbook::sheets() const
 {
-    return office().keeper()->keep(m_document->getSheets());
+    if (!m_sheets.is())
+        m_sheets = m_document->getSheets();
+    return m_sheets;
 }
 
 int LoWorkbook::SheetCount() const
@@ -121,7 +123,7 @@ std::shared_ptr<Worksheet> LoWorkbook::Worksheets(int index)
 {
     requireOpen();
     return guarded([&] {
-        const Reference<css::container::XIndexAccess> all(sheets(), UNO_QUERY_THROW);
+        const auto all = office().keeper()->as<css::container::XIndexAccess>(sheets());
         return std::make_shared<LoWorksheet>(
             shared_from_this(),
             Reference<css::sheet::XSpreadsheet>(all->getByIndex(index - 1), UNO_QUERY_THROW));
@@ -143,7 +145,7 @@ std::shared_ptr<Worksheet> LoWorkbook::ActiveSheet()
 {
     requireOpen();
     return guarded([&] {
-        const Reference<css::sheet::XSpreadsheetView> view(controller(), UNO_QUERY_THROW);
+        const auto view = office().keeper()->as<css::sheet::XSpreadsheetView>(controller());
         return std::make_shared<LoWorksheet>(shared_from_this(), view->getActiveSheet());
     });
 }
@@ -162,13 +164,14 @@ QString LoWorkbook::CustomDocumentProperty(const QString& name) const
     return guarded([&] {
         const auto properties =
             userProperties<css::beans::XPropertySet>(m_document, *office().keeper());
-        if (!properties->getPropertySetInfo()->hasPropertyByName(unoText(name))) {
+        try {
+            rtl::OUString text;
+            properties->getPropertyValue(unoText(name)) >>= text;
+            return qtText(text);
+        } catch (const css::beans::UnknownPropertyException&) {
             throw Error(errors::invalidCall,
                         tr("The workbook has no document property %1.").arg(name));
         }
-        rtl::OUString text;
-        properties->getPropertyValue(unoText(name)) >>= text;
-        return qtText(text);
     });
 }
 

@@ -60,6 +60,11 @@ public:
         return m_document;
     }
     com::sun::star::uno::Reference<com::sun::star::frame::XController> controller() const;
+    /// Cells, or what else is selected.
+    com::sun::star::uno::Reference<com::sun::star::uno::XInterface> selection() const
+    {
+        return office().keeper()->keep(m_model->getCurrentSelection());
+    }
     NumberFormats& numberFormats() { return *m_numberFormats; }
 
     /// The program is about to write cells.
@@ -99,6 +104,7 @@ private:
 
     std::shared_ptr<LoApplication> m_application;
     com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument> m_document;
+    mutable com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheets> m_sheets;
     com::sun::star::uno::Reference<com::sun::star::frame::XModel> m_model;
     com::sun::star::uno::Reference<com::sun::star::frame::XStorable2> m_storable;
     com::sun::star::uno::Reference<com::sun::star::util::XModifiable> m_modifiable;

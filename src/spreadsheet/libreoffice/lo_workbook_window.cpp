@@ -22,10 +22,10 @@ namespace ostrand::spreadsheet::libreoffice {
 
 /// The first time it waits until the main thread comes to rest: what the program does with the
 /// workbook until then would compete with the painting of the new window, and takes a third of the
-/// time while there is none.
+/// time while there is none. A headless application has nothing to show.
 void LoWorkbook::setVisible(bool visible)
 {
-    if (!m_open)
+    if (!m_open || office().settings().headless)
         return;
     m_showPending = visible && !m_hasShown;
     if (m_showPending) {

@@ -19,14 +19,13 @@
 
 namespace css = com::sun::star;
 using css::uno::Reference;
-using css::uno::UNO_QUERY_THROW;
 
 namespace ostrand::spreadsheet::libreoffice {
 
 LoWorksheet::LoWorksheet(std::shared_ptr<LoWorkbook> workbook,
                          const Reference<css::sheet::XSpreadsheet>& sheet)
     : m_workbook(std::move(workbook)),
-      m_sheet(m_workbook->office().keeper()->keep(sheet)),
+      m_sheet(keeper().keep(sheet)),
       m_name(Name())
 {
 }
@@ -38,9 +37,7 @@ LoWorksheet::~LoWorksheet()
 
 QString LoWorksheet::Name() const
 {
-    return guarded([&] {
-        return qtText(Reference<css::container::XNamed>(m_sheet, UNO_QUERY_THROW)->getName());
-    });
+    return guarded([&] { return qtText(keeper().as<css::container::XNamed>(m_sheet)->getName()); });
 }
 
 std::unique_ptr<Range> LoWorksheet::Range(const QString& reference)
@@ -51,7 +48,7 @@ std::unique_ptr<Range> LoWorksheet::Range(const QString& reference)
 
 CellValues LoWorksheet::Values(const QString& block)
 {
-    return guarded([&] { return valuesOf(m_sheet, block, *m_workbook->office().keeper()); });
+    return guarded([&] { return valuesOf(m_sheet, block, keeper()); });
 }
 
 void LoWorksheet::write(const std::vector<CellWrite>& cells)
@@ -71,24 +68,22 @@ std::unique_ptr<Control> LoWorksheet::OLEObjects(const QString& name)
 void LoWorksheet::Activate()
 {
     guarded([&] {
-        Reference<css::sheet::XSpreadsheetView>(m_workbook->controller(), UNO_QUERY_THROW)
+        keeper()
+            .as<css::sheet::XSpreadsheetView>(m_workbook->controller())
             ->setActiveSheet(m_sheet);
     });
 }
 
 void LoWorksheet::Protect()
 {
-    guarded([&] {
-        Reference<css::util::XProtectable>(m_sheet, UNO_QUERY_THROW)->protect(rtl::OUString());
-    });
+    guarded([&] { keeper().as<css::util::XProtectable>(m_sheet)->protect(rtl::OUString()); });
 }
 
 void LoWorksheet::Unprotect()
 {
     guarded([&] {
         try {
-            Reference<css::util::XProtectable>(m_sheet, UNO_QUERY_THROW)
-                ->unprotect(rtl::OUString());
+            keeper().as<css::util::XProtectable>(m_sheet)->unprotect(rtl::OUString());
         } catch (const css::lang::IllegalArgumentException&) {
             throw Error(errors::applicationError,
                         QCoreApplication::translate("spreadsheet",

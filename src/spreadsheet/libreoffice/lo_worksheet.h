@@ -36,6 +36,7 @@ public:
     {
         return m_sheet;
     }
+    ObjectKeeper& keeper() const { return *m_workbook->office().keeper(); }
     /// Tells the subscriber.
     void raiseChange() const;
     /// The sheet's name as it was when it was last asked for.

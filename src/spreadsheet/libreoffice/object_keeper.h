@@ -27,6 +27,16 @@ public:
         return object;
     }
 
+    /// Another interface of an object, kept as well: as long as it is, asking for it again takes no
+    /// call to the application. Raises a UNO exception where the object has none such.
+    template <typename Interface, typename Other>
+    com::sun::star::uno::Reference<Interface>
+    as(const com::sun::star::uno::Reference<Other>& object)
+    {
+        return keep(com::sun::star::uno::Reference<Interface>(
+            object, com::sun::star::uno::UNO_QUERY_THROW));
+    }
+
     /// Lets everything go, as the application is about to end.
     void clear();
 
