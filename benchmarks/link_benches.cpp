@@ -13,6 +13,7 @@
 #include "index/frmIndex.h"
 #include "maker/sqlite_file.h"
 #include "measure.h"
+#include "office_process.h"
 #include "pid/export.h"
 #include "pid/import.h"
 #include "spreadsheet/host.h"
@@ -22,10 +23,8 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QUrl>
 
 #include <string>
 
@@ -108,22 +107,10 @@ public:
     double processPerFile() const
     {
         const QString out = m_folder.filePath(u"out"_s);
-        const QString profile =
-            QString::fromLatin1(QUrl::fromLocalFile(m_folder.filePath(u"profile"_s)).toEncoded());
+        const QString profile = m_folder.filePath(u"profile"_s);
         const double taken = millisecondsOf([&] {
-            for (int i = 0; i < processCount; ++i) {
-                const int code =
-                    QProcess::execute(QStringLiteral(OSTRAND_LIBREOFFICE "/program/soffice"),
-                                      {u"-env:UserInstallation="_s + profile,
-                                       u"--headless"_s,
-                                       u"--convert-to"_s,
-                                       u"xls"_s,
-                                       u"--outdir"_s,
-                                       out,
-                                       sheetFile(m_tags[i])});
-                if (code != 0)
-                    qFatal("the file was not converted");
-            }
+            for (int i = 0; i < processCount; ++i)
+                convertInProcess(profile, u"xls"_s, out, sheetFile(m_tags[i]));
         });
         return taken / processCount;
     }

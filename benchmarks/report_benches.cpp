@@ -5,6 +5,7 @@
 // same pages, and beside the spreadsheet application with the same rows.
 #include "bench_data.h"
 #include "measure.h"
+#include "office_process.h"
 #include "support/recorded_sheet.h"
 #include "viewing/reports/definitions/definitions.h"
 #include "viewing/reports/geometry.h"
@@ -20,7 +21,6 @@
 #include <QPdfWriter>
 #include <QProcess>
 #include <QTemporaryDir>
-#include <QUrl>
 
 #include <cstdio>
 
@@ -158,32 +158,17 @@ void writeRows(const QString& path)
     }
 }
 
-/// What the application says is not for the output, which holds results alone.
-void convert(const QString& folder, const QString& format, const QString& name)
+void convert(const QTemporaryDir& folder, const QString& format, const QString& name)
 {
-    QProcess office;
-    office.setStandardOutputFile(QProcess::nullDevice());
-    office.setStandardErrorFile(QProcess::nullDevice());
-    office.start(u"" OSTRAND_LIBREOFFICE "/program/soffice"_s,
-                 {u"-env:UserInstallation="_s
-                      + QUrl::fromLocalFile(folder + u"/profile"_s).toString(QUrl::FullyEncoded),
-                  u"--headless"_s,
-                  u"--convert-to"_s,
-                  format,
-                  u"--outdir"_s,
-                  folder,
-                  folder + u'/' + name});
-    if (!office.waitForFinished(-1) || office.exitStatus() != QProcess::NormalExit
-        || office.exitCode() != 0)
-        qFatal("the rows cannot be converted");
+    convertInProcess(folder.filePath(u"profile"_s), format, folder.path(), folder.filePath(name));
 }
 
 /// Its profile is made, and its own file of the rows, before the time is taken.
 void officeLine(const QTemporaryDir& folder)
 {
     writeRows(folder.filePath(u"rows.csv"_s));
-    convert(folder.path(), u"xlsx"_s, u"rows.csv"_s);
-    const double floor = millisecondsOf([&] { convert(folder.path(), u"pdf"_s, u"rows.xlsx"_s); });
+    convert(folder, u"xlsx"_s, u"rows.csv"_s);
+    const double floor = millisecondsOf([&] { convert(folder, u"pdf"_s, u"rows.xlsx"_s); });
     const double ours = millisecondsOf([&] { makePdf(folder.filePath(u"ours.pdf"_s)); });
     report(officeBench, {ours, floor}, u"ms"_s);
 }
