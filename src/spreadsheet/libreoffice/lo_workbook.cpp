@@ -72,6 +72,7 @@ LoWorkbook::LoWorkbook(std::shared_ptr<LoApplication> application,
                        const Reference<css::sheet::XSpreadsheetDocument>& document)
     : m_application(std::move(application)),
       m_document(document),
+      m_sheets(office().keeper()->keep(m_document->getSheets())),
       m_model(m_document, UNO_QUERY_THROW),
       m_storable(m_document, UNO_QUERY_THROW),
       m_modifiable(m_document, UNO_QUERY_THROW),
@@ -104,18 +105,11 @@ QString LoWorkbook::Name() const
     return guarded([&] { return QFileInfo(filePathOf(m_model->getURL())).fileName(); });
 }
 
-Reference<css::sheet::XSpreadsheets> LoWorkbook::sheets() const
-{
-    if (!m_sheets.is())
-        m_sheets = m_document->getSheets();
-    return m_sheets;
-}
-
 int LoWorkbook::SheetCount() const
 {
     requireOpen();
     return guarded([&] {
-        return Reference<css::container::XIndexAccess>(sheets(), UNO_QUERY_THROW)->getCount();
+        return Reference<css::container::XIndexAccess>(m_sheets, UNO_QUERY_THROW)->getCount();
     });
 }
 
@@ -123,7 +117,7 @@ std::shared_ptr<Worksheet> LoWorkbook::Worksheets(int index)
 {
     requireOpen();
     return guarded([&] {
-        const auto all = office().keeper()->as<css::container::XIndexAccess>(sheets());
+        const auto all = office().keeper()->as<css::container::XIndexAccess>(m_sheets);
         return std::make_shared<LoWorksheet>(
             shared_from_this(),
             Reference<css::sheet::XSpreadsheet>(all->getByIndex(index - 1), UNO_QUERY_THROW));
@@ -136,7 +130,7 @@ std::shared_ptr<Worksheet> LoWorkbook::Worksheets(const QString& name)
     return guarded([&] {
         return std::make_shared<LoWorksheet>(
             shared_from_this(),
-            Reference<css::sheet::XSpreadsheet>(sheets()->getByName(unoText(name)),
+            Reference<css::sheet::XSpreadsheet>(m_sheets->getByName(unoText(name)),
                                                 UNO_QUERY_THROW));
     });
 }
@@ -154,7 +148,7 @@ std::shared_ptr<Worksheet> LoWorkbook::AddSheet(const QString& name)
 {
     requireOpen();
     guarded(
-        [&] { sheets()->insertNewByName(unoText(name), static_cast<sal_Int16>(SheetCount())); });
+        [&] { m_sheets->insertNewByName(unoText(name), static_cast<sal_Int16>(SheetCount())); });
     return Worksheets(name);
 }
 

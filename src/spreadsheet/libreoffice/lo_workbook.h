@@ -88,7 +88,6 @@ public:
 
 private:
     void requireOpen() const;
-    com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheets> sheets() const;
     void endWriting() noexcept;
     void endCellEntry();
     void show(bool visible);
@@ -104,7 +103,7 @@ private:
 
     std::shared_ptr<LoApplication> m_application;
     com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheetDocument> m_document;
-    mutable com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheets> m_sheets;
+    com::sun::star::uno::Reference<com::sun::star::sheet::XSpreadsheets> m_sheets;
     com::sun::star::uno::Reference<com::sun::star::frame::XModel> m_model;
     com::sun::star::uno::Reference<com::sun::star::frame::XStorable2> m_storable;
     com::sun::star::uno::Reference<com::sun::star::util::XModifiable> m_modifiable;
